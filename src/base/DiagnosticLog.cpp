@@ -1,0 +1,38 @@
+#include "DiagnosticLog.h"
+
+#include "SystemPaths.h"
+
+#include <fcntl.h>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+bool isOwnPlainFile(int descriptor)
+{
+    struct stat status;
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1
+           && status.st_uid == geteuid();
+}
+} // namespace
+
+namespace DiagnosticLog
+{
+Handle open(const char *fileName)
+{
+    const std::string path = std::string(SystemPaths::logDirectory()) + '/' + fileName;
+    // O_NONBLOCK: opening somebody's pipe of this name must not hang the program.
+    const int descriptor =
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0644);
+    if (descriptor < 0)
+        return nullptr;
+    // Truncated only after the check: a file that is not ours keeps its contents.
+    FILE *file = isOwnPlainFile(descriptor) && ftruncate(descriptor, 0) == 0
+                     ? fdopen(descriptor, "wb")
+                     : nullptr;
+    if (!file)
+        close(descriptor);
+    return Handle(file);
+}
+} // namespace DiagnosticLog

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdio>
+#include <memory>
+
+/**
+ * A diagnostic log in the log folder (SystemPaths::logDirectory), truncated when it is opened.
+ *
+ * The folder may be writable for everyone, so the file is opened without following a link and is
+ * used only if it is a regular file of the current user with no other name. A log that cannot be
+ * opened so is null, nothing is reported, and nothing is written.
+ */
+namespace DiagnosticLog
+{
+struct Closer {
+    void operator()(FILE *file) const { std::fclose(file); }
+};
+using Handle = std::unique_ptr<FILE, Closer>;
+
+/** Opens and truncates the log `fileName` (a bare file name). Null when that is not possible. */
+Handle open(const char *fileName);
+} // namespace DiagnosticLog

@@ -1,0 +1,74 @@
+#include "ProcessEx.h"
+
+#include <QByteArray>
+#include <QDebug>
+#include <QFile>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <vector>
+
+extern char **environ;
+
+namespace
+{
+/** Standard input, output and error of the child: all at the null device. */
+class NullStreams
+{
+public:
+    NullStreams()
+    {
+        posix_spawn_file_actions_init(&m_actions);
+        posix_spawn_file_actions_addopen(&m_actions, 0, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&m_actions, 1, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&m_actions, 1, 2);
+    }
+    NullStreams(const NullStreams &) = delete;
+    NullStreams &operator=(const NullStreams &) = delete;
+    ~NullStreams() { posix_spawn_file_actions_destroy(&m_actions); }
+    const posix_spawn_file_actions_t *get() const { return &m_actions; }
+
+private:
+    posix_spawn_file_actions_t m_actions;
+};
+
+/** Waits for the child. The wait itself ends with the child, so the status is there at once. */
+int exitStatusOf(pid_t child)
+{
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR)
+            return ProcessEx::DidNotExit;
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : ProcessEx::DidNotExit;
+}
+} // namespace
+
+int ProcessEx::execute(const QString &program, const QStringList &arguments)
+{
+    QList<QByteArray> bytes;
+    bytes.reserve(arguments.size());
+    for (const QString &argument : arguments)
+        bytes.append(QFile::encodeName(argument));
+    return execute(QFile::encodeName(program), bytes);
+}
+
+int ProcessEx::execute(const QByteArray &program, const QList<QByteArray> &arguments)
+{
+    std::vector<char *> argv;
+    argv.reserve(static_cast<size_t>(arguments.size()) + 2);
+    // posix_spawnp does not change the texts; its parameter lacks the const for reasons of history.
+    argv.push_back(const_cast<char *>(program.constData()));
+    for (const QByteArray &argument : arguments)
+        argv.push_back(const_cast<char *>(argument.constData()));
+    argv.push_back(nullptr);
+
+    const NullStreams streams;
+    pid_t child = 0;
+    if (posix_spawnp(&child, program.constData(), streams.get(), nullptr, argv.data(), environ) != 0) {
+        qWarning("ProcessEx::execute: failed to launch");
+        return FailedToLaunch;
+    }
+    return exitStatusOf(child);
+}

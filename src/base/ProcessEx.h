@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class QByteArray;
+
+/** Runs a program and waits for its end. */
+class ProcessEx
+{
+public:
+    /** The program could not be started. */
+    static constexpr int FailedToLaunch = -2;
+    /** The program did not end by itself (a signal killed it). */
+    static constexpr int DidNotExit = -1;
+
+    /**
+     * Runs `program` with `arguments`, each passed as one argument without a shell, and returns its
+     * exit status, or one of the two negative values above. The program reads an empty standard
+     * input, and what it prints is dropped. Blocks until the program has ended.
+     */
+    static int execute(const QString &program, const QStringList &arguments);
+    /** The same for arguments whose bytes must arrive as they are, whatever encoding they have. */
+    static int execute(const QByteArray &program, const QList<QByteArray> &arguments);
+};

@@ -1,0 +1,10 @@
+#include "SystemPaths.h"
+
+namespace SystemPaths
+{
+const char *program() { return "/usr/bin/lpr"; }
+const char *systemClient() { return "/usr/bin/lpr.orig"; }
+const char *serverSocket() { return "/var/run/cups/cups.sock"; }
+const char *logDirectory() { return "/var/tmp"; }
+bool areRelocated() { return false; }
+} // namespace SystemPaths

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "CupsHandles.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+/**
+ * The destinations of the user: the server's queues, their saved instances, and the printers that
+ * discovery finds in the network.
+ *
+ * `cupsGetDests` waits for discovery wherever a discovery daemon runs, so it is called in the
+ * background only; the server's queues and the saved ones are there in milliseconds.
+ */
+namespace Destinations
+{
+struct Entry {
+    QString name;
+    /** Empty for the queue itself. */
+    QString instance;
+    bool isDefault = false;
+
+    friend bool operator==(const Entry &, const Entry &) = default;
+};
+
+/** One line of a saved-options file (lpoptions), in the file's order. */
+struct SavedEntry {
+    QByteArray name;
+    QByteArray instance;
+    /** The options as the file has them, in the syntax of cupsParseOptions. */
+    QByteArray options;
+    bool isDefault = false;
+};
+
+/** The entries of a saved-options file with the contents `text`. Lines of other kinds are skipped. */
+QList<SavedEntry> parseSavedOptions(const QByteArray &text);
+
+/**
+ * The server's queues with the saved instances of them, in the order of `cupsGetDests`, with the
+ * default marked. Does not wait for discovery. Empty when the server does not answer.
+ */
+QList<Entry> listWithoutDiscovery();
+
+/**
+ * Destination `name` (with `instance`, or null) with the server's and the saved options, as
+ * `cupsGetDests` would give it; empty (count 0) when it is not known.
+ */
+Cups::DestinationArray named(const char *name, const char *instance);
+
+/**
+ * Every destination that has saved options, whether the server knows it at the moment or not, with
+ * those options: the list to change and hand to `writeSaved`, so that nothing saved is lost.
+ */
+Cups::DestinationArray saved();
+
+/** Writes the user's saved-options file with `cupsSetDests`. False when that fails. */
+[[nodiscard]] bool writeSaved(const Cups::DestinationArray &destinations);
+
+/**
+ * Lists all destinations, those that discovery finds included, on a thread of its own, and says so
+ * once. Deleting the object at any moment is safe: it neither waits nor reports afterwards.
+ */
+class Discovery : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Discovery(QObject *parent = nullptr);
+    ~Discovery() override;
+    void start();
+
+signals:
+    /** All destinations in the order of `cupsGetDests`; emitted in the thread of this object. */
+    void finished(const QList<Destinations::Entry> &entries);
+
+private:
+    struct Shared;
+    std::shared_ptr<Shared> m_shared;
+};
+} // namespace Destinations
