@@ -1,0 +1,162 @@
+#include "StandardInput.h"
+
+#include "CupsHandles.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <sys/select.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr size_t ChunkSize = 4096;
+constexpr int Signals[] = {SIGHUP, SIGINT, SIGTERM};
+
+/** Read by the signal handler: plain static storage. Empty: no file. */
+char s_fileName[1024];
+
+extern "C" void removeFileAndExit(int signal)
+{
+    if (s_fileName[0])
+        unlink(s_fileName);
+    _exit(signal);
+}
+
+/** Holds the three signals back while the file and its name come into being together. */
+class SignalBlock
+{
+public:
+    SignalBlock()
+    {
+        sigset_t blocked;
+        sigemptyset(&blocked);
+        for (int signal : Signals)
+            sigaddset(&blocked, signal);
+        sigprocmask(SIG_BLOCK, &blocked, &m_before);
+    }
+    SignalBlock(const SignalBlock &) = delete;
+    SignalBlock &operator=(const SignalBlock &) = delete;
+    ~SignalBlock() { sigprocmask(SIG_SETMASK, &m_before, nullptr); }
+
+private:
+    sigset_t m_before;
+};
+
+bool waitForData(int descriptor, int patienceMs)
+{
+    fd_set descriptors;
+    FD_ZERO(&descriptors);
+    FD_SET(descriptor, &descriptors);
+    timeval patience = {patienceMs / 1000, (patienceMs % 1000) * 1000};
+    int ready = 0;
+    do {
+        // Linux leaves the rest of the time in `patience`, so an interruption does not prolong it.
+        ready = select(descriptor + 1, &descriptors, nullptr, nullptr,
+                       patienceMs == StandardInput::NoLimit ? nullptr : &patience);
+    } while (ready < 0 && errno == EINTR);
+    return ready > 0;
+}
+
+/** Like read, but waits where the descriptor does not block. */
+ssize_t readChunk(int descriptor, char *chunk)
+{
+    for (;;) {
+        const ssize_t length = read(descriptor, chunk, ChunkSize);
+        if (length >= 0 || (errno != EINTR && errno != EAGAIN))
+            return length;
+        if (errno == EAGAIN && !waitForData(descriptor, StandardInput::NoLimit))
+            return -1;
+    }
+}
+
+bool writeWhole(int descriptor, const char *data, size_t length)
+{
+    while (length > 0) {
+        const ssize_t written = write(descriptor, data, length);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        data += written;
+        length -= static_cast<size_t>(written);
+    }
+    return true;
+}
+
+int createFile()
+{
+    const SignalBlock block;
+    const int descriptor = cupsTempFd(s_fileName, sizeof(s_fileName));
+    if (descriptor < 0)
+        s_fileName[0] = '\0';
+    return descriptor;
+}
+
+StandardInput::Result fail(const char *what, int error, std::string &text)
+{
+    text = std::string(what) + ": " + std::strerror(error);
+    StandardInput::removeFile();
+    return StandardInput::Result::Failed;
+}
+
+/** Copies the first chunk and all that follows into the file, and closes it. */
+StandardInput::Result store(int input, int file, char *chunk, ssize_t length, std::string &error)
+{
+    while (length > 0) {
+        if (!writeWhole(file, chunk, static_cast<size_t>(length))) {
+            const int reason = errno;
+            close(file);
+            return fail("cannot write the temporary file", reason, error);
+        }
+        length = readChunk(input, chunk);
+    }
+    const int readError = length < 0 ? errno : 0;
+    const off_t stored = lseek(file, 0, SEEK_CUR);
+    if (close(file) != 0)
+        return fail("cannot write the temporary file", errno, error);
+    if (readError)
+        return fail("cannot read standard input", readError, error);
+    return stored > 0 ? StandardInput::Result::Captured : StandardInput::Result::Nothing;
+}
+} // namespace
+
+namespace StandardInput
+{
+void installSignalHandlers()
+{
+    struct sigaction action = {};
+    action.sa_handler = removeFileAndExit;
+    sigemptyset(&action.sa_mask);
+    for (int signal : Signals)
+        sigaddset(&action.sa_mask, signal);
+    for (int signal : Signals)
+        sigaction(signal, &action, nullptr);
+}
+
+Result capture(int descriptor, int patienceMs, std::string &error)
+{
+    if (!waitForData(descriptor, patienceMs))
+        return Result::Nothing;
+    char chunk[ChunkSize];
+    const ssize_t length = readChunk(descriptor, chunk);
+    if (length < 0)
+        return fail("cannot read standard input", errno, error);
+    if (length == 0)
+        return Result::Nothing;
+    const int file = createFile();
+    if (file < 0)
+        return Result::Nothing;
+    return store(descriptor, file, chunk, length, error);
+}
+
+const char *fileName() { return s_fileName; }
+
+void removeFile()
+{
+    if (!s_fileName[0])
+        return;
+    unlink(s_fileName);
+    s_fileName[0] = '\0';
+}
+} // namespace StandardInput
