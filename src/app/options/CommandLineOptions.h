@@ -28,7 +28,8 @@ public:
 
     virtual void setOption(const QString &key, const QString &value);
 
-    /** The stored value (null for an option without argument), or `defaultValue` without the key. */
+    /** The stored value (null for an option without argument), or `defaultValue` without the key.
+     */
     QString value(const QString &key, const QString &defaultValue) const;
     /** The value as a base-10 number, or `defaultValue` where it is none. */
     int intValue(const QString &key, int defaultValue) const;

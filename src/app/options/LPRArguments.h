@@ -20,3 +20,9 @@ public:
     /** `value` with a backslash before each of `"`, `\`, backtick, space and `$`. */
     static QString escaped(const QString &value);
 };
+
+/**
+ * Hands the job options of an `lpr` command line to `options`: those of `-o` in their order, then
+ * `-T`, `-p`, `-h` and `-#`, which replace same-named ones.
+ */
+void applyJobOptions(const CommandLineOptions &commandLine, PrinterOptions &options);

@@ -12,8 +12,8 @@ class CommandLineOptions;
  * The job options of one destination, in three forms that one operation keeps together: a table of
  * name to value (this object), a CUPS option array, and the marks of the destination's PPD.
  *
- * Copies share the PPD; the last one closes it. Failures warn and return false or a null string; what
- * was applied before stays.
+ * Copies share the PPD; the last one closes it. Failures warn and return false or a null string;
+ * what was applied before stays.
  */
 class PrinterOptions : public QMap<QString, QString>
 {
