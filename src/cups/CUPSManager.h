@@ -3,7 +3,9 @@
 #include "CUPSPrinter.h"
 #include "ClassInfo.h"
 #include "IPPRequest.h"
+#include "JobInfo.h"
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QString>
 
@@ -19,14 +21,16 @@ struct PrintJob {
 /**
  * The print server: runs requests and turns their responses into records.
  *
- * One instance for the process, built before main, reached through `_CUPS`. Nothing is cached; every
- * call asks the server. Failures give false or 0 and leave the output as it was; the server's status
- * is in lastStatus().
+ * One instance for the process, built before main, reached through `_CUPS`. Nothing is cached;
+ * every call asks the server. Failures give false or 0 and leave the output as it was; the server's
+ * status is in lastStatus().
  */
 class CUPSManager
 {
+    Q_DECLARE_TR_FUNCTIONS(CUPSManager)
+
 public:
-    CUPSManager();
+    constexpr CUPSManager() = default;
     virtual ~CUPSManager();
 
     /** Sends `request`; keeps the response's IPP status as lastStatus(). */
@@ -59,6 +63,16 @@ public:
     bool modifyClass(const ClassInfo &cls);
     bool deletePrinter(const char *uri);
     bool deleteClass(const char *uri);
+
+    /**
+     * Adds the jobs of `destination` (null: of all), by id, and returns by how many entries `out`
+     * grew: the active jobs and, unless `activeOnly`, the completed ones.
+     */
+    int getJobs(QMap<int, JobInfo> &out, const char *destination, bool activeOnly);
+    /** The same for the server's active jobs of all destinations, with their URIs. */
+    int getJobsWithUris(QMap<int, JobInfo> &out);
+    /** The drivers that the server knows, those of `make` alone unless it is null. */
+    QList<DriverInfo> getPPDs(const char *make);
 
     /** "idle, accepting jobs" and the like, for IPP printer-state `state`. Translated. */
     static QString stateText(int state, bool accepting);

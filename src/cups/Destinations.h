@@ -27,6 +27,9 @@ struct Entry {
     friend bool operator==(const Entry &, const Entry &) = default;
 };
 
+/** The default destination that the environment names (LPDEST, PRINTER); null for none. */
+QByteArray environmentDefault();
+
 /** One line of a saved-options file (lpoptions), in the file's order. */
 struct SavedEntry {
     QByteArray name;
@@ -36,7 +39,8 @@ struct SavedEntry {
     bool isDefault = false;
 };
 
-/** The entries of a saved-options file with the contents `text`. Lines of other kinds are skipped. */
+/** The entries of a saved-options file with the contents `text`. Lines of other kinds are skipped.
+ */
 QList<SavedEntry> parseSavedOptions(const QByteArray &text);
 
 /**

@@ -3,6 +3,8 @@
 #include "CupsHandles.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +18,8 @@
  */
 class IPPRequest
 {
+    Q_DECLARE_TR_FUNCTIONS(IPPRequest)
+
 public:
     /** Builds a request with the IPP operation id `operation`, charset and language. */
     explicit IPPRequest(int operation);
@@ -24,9 +28,9 @@ public:
     IPPRequest &operator=(const IPPRequest &) = delete;
 
     /**
-     * Posts the request to `resource`, or to the kind's own resource. True when a response came back
-     * that is not in the library's error state; the server's status is in the response and does not
-     * count here. A second call returns false: the library has freed the request.
+     * Posts the request to `resource`, or to the kind's own resource. True when a response came
+     * back that is not in the library's error state; the server's status is in the response and
+     * does not count here. A second call returns false: the library has freed the request.
      */
     virtual bool send(const char *resource = nullptr);
 
@@ -61,7 +65,7 @@ public:
     void addUris(const char *name, const QStringList &values, int group);
     void addMemberUris(const QStringList &uris);
     /** Asks the server for these attributes alone (`requested-attributes`, keywords). */
-    void addRequestedAttributes(std::initializer_list<const char *> names);
+    void addRequestedAttributes(const QList<const char *> &names);
 
     void setFileName(const QString &fileName) { m_fileName = fileName; }
 

@@ -8,6 +8,13 @@ namespace ServerConnection
 constexpr int ConnectTimeoutMs = 5000;
 constexpr double AnswerTimeoutSeconds = 10.0;
 
+/** The limits in force; tests shorten them. */
+struct Limits {
+    int connectMs = ConnectTimeoutMs;
+    double answerSeconds = AnswerTimeoutSeconds;
+};
+Limits &limits();
+
 /**
  * A connection to the server that the library is configured for (cupsServer(), ippPort()) on which
  * no wait is endless: a request to a server that does not answer fails within 30 seconds.

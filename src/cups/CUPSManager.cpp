@@ -1,0 +1,407 @@
+#include "CUPSManager.h"
+
+#include "Destinations.h"
+#include "InstallationSettings.h"
+#include "Requests.h"
+#include "ServerConnection.h"
+#include "SystemPaths.h"
+
+#include <utility>
+
+namespace
+{
+constexpr char PrinterUri[] = "printer-uri";
+constexpr char AdminResource[] = "/admin/";
+constexpr int Operation = IPP_TAG_OPERATION;
+
+/** Which record of a response is kept: one whose key is set. */
+bool isComplete(const PrinterInfo &info)
+{
+    return !info.name.isEmpty();
+}
+bool isComplete(const DriverInfo &info)
+{
+    return !info.driverFile.isEmpty();
+}
+bool isComplete(const JobInfo &info)
+{
+    return info.jobId != 0;
+}
+
+/** The records of a response, which attributes without a name separate. */
+template <typename Record> QList<Record> recordsOf(ipp_t *response)
+{
+    QList<Record> records;
+    Record record;
+    const auto finish = [&records, &record] {
+        if (isComplete(record))
+            records.append(record);
+        record = Record();
+    };
+    for (ipp_attribute_t *attribute = ippFirstAttribute(response); attribute;
+         attribute = ippNextAttribute(response)) {
+        record.readAttribute(attribute);
+        if (!ippGetName(attribute))
+            finish();
+    }
+    finish();
+    return records;
+}
+
+bool takeFirstPrinter(const IPPRequest &request, CUPSPrinter &out)
+{
+    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
+    if (records.isEmpty())
+        return false;
+    out = CUPSPrinter(records.constFirst());
+    return true;
+}
+
+bool passes(const CUPSPrinter &printer, const char *filter)
+{
+    if (!filter)
+        return true;
+    const QString text = QString::fromLatin1(filter);
+    return printer.driver.make.contains(text, Qt::CaseInsensitive) ||
+           printer.driver.model.contains(text, Qt::CaseInsensitive);
+}
+
+/** The URI under which the server is told of `name`, a printer or class as `folder` says. */
+QByteArray uriOf(const char *folder, const QString &name)
+{
+    const QByteArray path = QByteArray("/") + folder + '/' + name.toLatin1();
+    if (fileExists(SystemPaths::serverSocket()))
+        return "ipp://localhost" + path;
+    return QByteArray("ipp://") + cupsServer() + ':' + QByteArray::number(ippPort()) + path;
+}
+
+bool sendToPrinter(CUPSManager &manager, ipp_op_t operation, const char *uri)
+{
+    IPPRequest request(operation);
+    request.addUri(PrinterUri, uri, Operation);
+    return manager.execute(request, AdminResource);
+}
+
+bool setPpdName(CUPSManager &manager, const QByteArray &uri, const QByteArray &ppdName)
+{
+    Requests::AddPrinter request;
+    request.addUri(PrinterUri, uri.constData(), Operation);
+    request.addName("ppd-name", ppdName.constData(), Operation);
+    return manager.execute(request);
+}
+
+/** The name of the printer or class at `uri`; empty when the server knows neither. */
+QString nameOf(CUPSManager &manager, const char *uri)
+{
+    CUPSPrinter printer;
+    if (manager.getPrinterAttributes(uri, printer))
+        return printer.attributes.name;
+    QMap<QString, ClassInfo> classes;
+    manager.getClasses(classes);
+    for (const ClassInfo &cls : std::as_const(classes)) {
+        if (cls.uri == QString::fromLatin1(uri))
+            return cls.name;
+    }
+    return {};
+}
+
+void removeFromSavedDestinations(const QString &name)
+{
+    Cups::DestinationArray saved = Destinations::saved();
+    if (!saved.find(name.toLatin1().constData(), nullptr))
+        return;
+    saved.countRef() =
+        cupsRemoveDest(name.toLatin1().constData(), nullptr, saved.count(), saved.dataRef());
+    if (!Destinations::writeSaved(saved))
+        qWarning("CUPSManager: the saved options of <%s> were not removed", qUtf8Printable(name));
+}
+
+void removeAt(QStringList &list, qsizetype index)
+{
+    if (index < list.size())
+        list.removeAt(index);
+}
+
+/** Takes the printer out of the two parallel member lists. False when it is in none of them. */
+bool removeMember(ClassInfo &cls, const QString &name, const QString &uri)
+{
+    const qsizetype named = cls.memberNames.indexOf(name);
+    const qsizetype index = named >= 0 ? named : cls.memberUris.indexOf(uri);
+    if (index < 0)
+        return false;
+    removeAt(cls.memberNames, index);
+    removeAt(cls.memberUris, index);
+    return true;
+}
+
+void removeFromClasses(CUPSManager &manager, const QString &name, const QString &uri)
+{
+    QMap<QString, ClassInfo> classes;
+    manager.getClasses(classes);
+    for (ClassInfo &cls : classes) {
+        if (removeMember(cls, name, uri))
+            manager.modifyClass(cls);
+    }
+}
+
+void addLibraryJobs(QMap<int, JobInfo> &out, const char *destination, int which)
+{
+    constexpr int JobsOfAllUsers = 0;
+    const Cups::HttpPtr http = ServerConnection::open();
+    if (!http)
+        return;
+    cups_job_t *jobs = nullptr;
+    const int count = cupsGetJobs2(http.get(), &jobs, destination, JobsOfAllUsers, which);
+    for (int i = 0; i < count; ++i)
+        out.insert(jobs[i].id, JobInfo(jobs[i]));
+    cupsFreeJobs(count, jobs);
+}
+
+int growth(qsizetype before, qsizetype after)
+{
+    return static_cast<int>(after - before);
+}
+} // namespace
+
+const QString CUPSManager::m_DriversDir = QStringLiteral("/usr/share/cups/model/");
+CUPSManager CUPSManager::m_CUPSManagerInstance;
+CUPSManager *const _CUPS = &CUPSManager::m_CUPSManagerInstance;
+
+CUPSManager::~CUPSManager() = default;
+
+bool CUPSManager::execute(IPPRequest &request, const char *resource)
+{
+    const bool isSent = request.send(resource);
+    m_lastStatus = request.response() ? ippGetStatusCode(request.response()) : 0;
+    return isSent;
+}
+
+int CUPSManager::getPrinters(QMap<QString, CUPSPrinter> &out, int type, int mask,
+                             const char *filter)
+{
+    Requests::GetPrinters request(type, mask);
+    request.addRequestedAttributes(PrinterInfo::attributeNames());
+    if (!execute(request) || !ippFirstAttribute(request.response()))
+        return 0;
+    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
+
+    CUPSPrinter defaultPrinter;
+    getDefaultPrinter(defaultPrinter);
+    const qsizetype before = out.size();
+    for (const PrinterInfo &record : records) {
+        CUPSPrinter printer(record);
+        if (!passes(printer, filter))
+            continue;
+        printer.attributes.isDefault = record.name == defaultPrinter.attributes.name;
+        out.insert(record.name, printer);
+    }
+    return growth(before, out.size());
+}
+
+bool CUPSManager::findPrinter(const QString &name, CUPSPrinter &out, bool vendorOnly)
+{
+    QMap<QString, CUPSPrinter> printers;
+    getPrinters(printers, 0, 0,
+                vendorOnly ? InstallationSettings::instance().vendorUpper : nullptr);
+    const auto found = printers.constFind(name);
+    if (found == printers.constEnd())
+        return false;
+    out = *found;
+    return true;
+}
+
+int CUPSManager::getClasses(QMap<QString, ClassInfo> &out)
+{
+    Requests::GetClasses request;
+    request.addRequestedAttributes(ClassInfo::attributeNames());
+    if (!execute(request))
+        return 0;
+    const qsizetype before = out.size();
+    for (const ClassInfo &record : recordsOf<ClassInfo>(request.response()))
+        out.insert(record.name, record);
+    return growth(before, out.size());
+}
+
+bool CUPSManager::findClass(const QString &name, ClassInfo &out)
+{
+    QMap<QString, ClassInfo> classes;
+    getClasses(classes);
+    const auto found = classes.constFind(name);
+    if (found == classes.constEnd())
+        return false;
+    out = *found;
+    return true;
+}
+
+bool CUPSManager::getDefaultPrinter(CUPSPrinter &out)
+{
+    Requests::GetDefaultPrinter request;
+    request.addRequestedAttributes(PrinterInfo::attributeNames());
+    return execute(request) && takeFirstPrinter(request, out);
+}
+
+bool CUPSManager::getPrinterAttributes(const char *uri, CUPSPrinter &out)
+{
+    Requests::GetPrinterAttributes request;
+    request.addUri(PrinterUri, uri, Operation);
+    request.addRequestedAttributes(PrinterInfo::attributeNames());
+    return execute(request) && takeFirstPrinter(request, out);
+}
+
+QString CUPSManager::defaultPrinterName()
+{
+    const Cups::HttpPtr http = ServerConnection::open();
+    // Without a connection the library would open one of its own, and wait for it without limit.
+    return http ? QString::fromLatin1(cupsGetDefault2(http.get()))
+                : QString::fromLatin1(Destinations::environmentDefault());
+}
+
+bool CUPSManager::startPrinter(const char *uri)
+{
+    return sendToPrinter(*this, IPP_OP_CUPS_ACCEPT_JOBS, uri) &&
+           sendToPrinter(*this, IPP_OP_RESUME_PRINTER, uri);
+}
+
+bool CUPSManager::stopPrinter(const char *uri)
+{
+    return sendToPrinter(*this, IPP_OP_CUPS_REJECT_JOBS, uri) &&
+           sendToPrinter(*this, IPP_OP_PAUSE_PRINTER, uri);
+}
+
+bool CUPSManager::setDefaultPrinter(const QString &uri)
+{
+    Requests::SetDefaultPrinter request(uri.toLatin1().constData());
+    return execute(request);
+}
+
+bool CUPSManager::cancelJob(const char *destination, int jobId)
+{
+    constexpr int KeepHistory = 0;
+    const Cups::HttpPtr http = ServerConnection::open();
+    return http && cupsCancelJob2(http.get(), destination, jobId, KeepHistory) <
+                       IPP_STATUS_REDIRECTION_OTHER_SITE;
+}
+
+bool CUPSManager::cancelJob(const char *jobUri)
+{
+    Requests::CancelJob request(jobUri);
+    return execute(request);
+}
+
+bool CUPSManager::printFile(const CUPSPrinter &printer, const PrintJob &job)
+{
+    const PrinterInfo &info = printer.attributes;
+    Requests::PrintFile request(info.name.toLatin1().constData());
+    request.addUri(PrinterUri, info.uris.value(0).toLatin1().constData(), Operation);
+    request.addName("job-name", job.title.toLatin1().constData(), Operation);
+    request.addMimeType("document-format", job.format.toLatin1().constData(), Operation);
+    request.setFileName(job.file);
+    return execute(request);
+}
+
+bool CUPSManager::setPrinterPPD(const char *uri, const QString &ppdFile)
+{
+    Requests::AddPrinter request;
+    request.addUri(PrinterUri, uri, Operation);
+    request.setFileName(ppdFile);
+    return execute(request);
+}
+
+bool CUPSManager::modifyPrinter(const CUPSPrinter &printer)
+{
+    const PrinterInfo &info = printer.attributes;
+    const QByteArray uri = uriOf("printers", info.name);
+    Requests::AddPrinter request;
+    request.addUri(PrinterUri, uri.constData(), Operation);
+    request.addUri("device-uri", info.localUri.toLatin1().constData(), Operation);
+    request.addInteger("printer-state", info.state, IPP_TAG_ENUM, Operation);
+    request.addBoolean("printer-is-accepting-jobs", info.acceptingJobs, Operation);
+    request.addText("printer-info", info.description.toLatin1().constData(), Operation);
+    request.addText("printer-location", info.location.toLatin1().constData(), Operation);
+    if (!execute(request))
+        return false;
+    if (printer.ppdName.isEmpty())
+        return true;
+    return setPpdName(*this, uri, QByteArray()) &&
+           setPpdName(*this, uri, printer.ppdName.toLatin1());
+}
+
+bool CUPSManager::modifyClass(const ClassInfo &cls)
+{
+    Requests::AddClass request;
+    request.addUri(PrinterUri, uriOf("classes", cls.name).constData(), Operation);
+    request.addText("printer-location", cls.location.toLatin1().constData(), Operation);
+    request.addText("printer-info", cls.description.toLatin1().constData(), Operation);
+    request.addInteger("printer-state", cls.state, IPP_TAG_ENUM, Operation);
+    request.addBoolean("printer-is-accepting-jobs", cls.acceptingJobs, Operation);
+    request.addMemberUris(cls.memberUris);
+    return execute(request);
+}
+
+bool CUPSManager::deletePrinter(const char *uri)
+{
+    if (!stopPrinter(uri))
+        return false;
+    const QString name = nameOf(*this, uri);
+    if (!name.isEmpty()) {
+        removeFromSavedDestinations(name);
+        removeFromClasses(*this, name, QString::fromLatin1(uri));
+    }
+    Requests::DeletePrinter request(uri);
+    return execute(request);
+}
+
+bool CUPSManager::deleteClass(const char *uri)
+{
+    const QString name = nameOf(*this, uri);
+    if (!name.isEmpty())
+        removeFromSavedDestinations(name);
+    Requests::DeleteClass request(uri);
+    return execute(request);
+}
+
+int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool activeOnly)
+{
+    const qsizetype before = out.size();
+    addLibraryJobs(out, destination, CUPS_WHICHJOBS_ACTIVE);
+    if (!activeOnly)
+        addLibraryJobs(out, destination, CUPS_WHICHJOBS_COMPLETED);
+    return growth(before, out.size());
+}
+
+int CUPSManager::getJobsWithUris(QMap<int, JobInfo> &out)
+{
+    Requests::GetJobs request;
+    request.addRequestedAttributes(JobInfo::attributeNames());
+    if (!execute(request))
+        return 0;
+    const qsizetype before = out.size();
+    for (const JobInfo &job : recordsOf<JobInfo>(request.response()))
+        out.insert(job.jobId, job);
+    return growth(before, out.size());
+}
+
+QList<DriverInfo> CUPSManager::getPPDs(const char *make)
+{
+    Requests::GetPPDs request(make);
+    return execute(request) ? recordsOf<DriverInfo>(request.response()) : QList<DriverInfo>();
+}
+
+QString CUPSManager::stateText(int state, bool accepting)
+{
+    QString text;
+    switch (state) {
+    case IPP_PSTATE_IDLE:
+        text = tr("idle");
+        break;
+    case IPP_PSTATE_PROCESSING:
+        text = tr("processing");
+        break;
+    case IPP_PSTATE_STOPPED:
+        text = tr("stopped");
+        break;
+    default:
+        text = tr("unknown");
+    }
+    return text + QStringLiteral(", ") + (accepting ? tr("accepting jobs") : tr("rejecting jobs"));
+}

@@ -1,0 +1,63 @@
+#include "JobInfo.h"
+
+#include "AttributeLog.h"
+#include "AttributeValues.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+using namespace AttributeValues;
+
+void setInteger(int &field, ipp_attribute_t *attribute)
+{
+    field = integer(attribute).value_or(field);
+}
+
+struct Field {
+    const char *attribute;
+    void (*read)(JobInfo &info, ipp_attribute_t *attribute);
+};
+
+/** The attributes that are read, in the order in which a name is looked up. */
+constexpr std::array Fields = {
+    Field{"job-id", [](auto &info, auto *a) { setInteger(info.jobId, a); }},
+    Field{"job-name", [](auto &info, auto *a) { info.name = text(a); }},
+    Field{"job-printer-uri", [](auto &info, auto *a) { info.printer = text(a); }},
+    Field{"job-originating-user-name", [](auto &info, auto *a) { info.user = text(a); }},
+    Field{"job-uri", [](auto &info, auto *a) { info.uri = text(a); }},
+    Field{"job-k-octets", [](auto &info, auto *a) { setInteger(info.kOctets, a); }},
+    Field{"time-at-creation", [](auto &info, auto *a) { setInteger(info.timeAtCreation, a); }},
+    Field{"job-state", [](auto &info, auto *a) { setInteger(info.state, a); }},
+};
+} // namespace
+
+JobInfo::JobInfo(const cups_job_t &job)
+    : jobId(job.id)
+    , name(QString::fromLatin1(job.title))
+    , printer(QString::fromLatin1(job.dest))
+    , user(QString::fromLatin1(job.user))
+    , kOctets(job.size)
+    , timeAtCreation(static_cast<int>(job.creation_time))
+    , state(job.state)
+{
+}
+
+void JobInfo::readAttribute(ipp_attribute_t *attribute)
+{
+    logAttribute(AttributeLog::jobs(), attribute);
+    const auto field = std::find_if(Fields.begin(), Fields.end(), [attribute](const Field &known) {
+        return isNamed(attribute, known.attribute);
+    });
+    if (field != Fields.end())
+        field->read(*this, attribute);
+}
+
+QList<const char *> JobInfo::attributeNames()
+{
+    QList<const char *> names;
+    for (const Field &field : Fields)
+        names.append(field.attribute);
+    return names;
+}

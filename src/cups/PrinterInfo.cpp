@@ -1,0 +1,97 @@
+#include "PrinterInfo.h"
+
+#include "AttributeLog.h"
+#include "AttributeValues.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+using namespace AttributeValues;
+
+void setInteger(int &field, ipp_attribute_t *attribute)
+{
+    field = integer(attribute).value_or(field);
+}
+
+void readUris(PrinterInfo &info, ipp_attribute_t *attribute)
+{
+    const QStringList uris = texts(attribute);
+    if (uris.isEmpty())
+        return;
+    info.uri = uris.constFirst();
+    info.uris += uris;
+}
+
+void readJobSheets(PrinterInfo &info, ipp_attribute_t *attribute)
+{
+    const int count = ippGetCount(attribute);
+    if (count >= 1)
+        info.jobSheetsStart = text(attribute, 0);
+    if (count >= 2)
+        info.jobSheetsEnd = text(attribute, 1);
+}
+
+void readCopies(PrinterInfo &info, ipp_attribute_t *attribute)
+{
+    if (const auto copies = range(attribute)) {
+        info.copiesMin = copies->lower;
+        info.copiesMax = copies->upper;
+    }
+}
+
+struct Field {
+    const char *attribute;
+    void (*read)(PrinterInfo &info, ipp_attribute_t *attribute);
+};
+
+/** The attributes that are read, in the order in which a name is looked up. */
+constexpr std::array Fields = {
+    Field{"printer-name", [](auto &info, auto *a) { info.name = text(a); }},
+    Field{"printer-location", [](auto &info, auto *a) { info.location = text(a); }},
+    Field{"printer-info", [](auto &info, auto *a) { info.description = text(a); }},
+    Field{"printer-make-and-model", [](auto &info, auto *a) { info.modelInfo = text(a); }},
+    Field{"printer-state", [](auto &info, auto *a) { setInteger(info.state, a); }},
+    Field{"printer-state-message", [](auto &info, auto *a) { info.stateMessage = text(a); }},
+    Field{"device-uri", [](auto &info, auto *a) { info.localUri = text(a); }},
+    Field{"color-supported", [](auto &info, auto *a) { info.colorSupported = boolean(a); }},
+    Field{"media-supported", [](auto &info, auto *a) { info.mediaSupported += texts(a); }},
+    Field{"media-default", [](auto &info, auto *a) { info.mediaDefault = text(a); }},
+    Field{"job-sheets-supported", [](auto &info, auto *a) { info.jobSheetsSupported += texts(a); }},
+    Field{"job-sheets-default", readJobSheets},
+    Field{"printer-type", [](auto &info, auto *a) { setInteger(info.printerType, a); }},
+    Field{"printer-is-accepting-jobs",
+          [](auto &info, auto *a) { info.acceptingJobs = boolean(a); }},
+    Field{"printer-uri", [](auto &info, auto *a) { info.uri = text(a); }},
+    Field{"printer-uri-supported", readUris},
+    Field{"copies-supported", readCopies},
+    Field{"copies-default", [](auto &info, auto *a) { setInteger(info.copiesDefault, a); }},
+    Field{"page-ranges-supported",
+          [](auto &info, auto *a) { info.pageRangesSupported = boolean(a); }},
+    Field{"orientation-requested-supported",
+          [](auto &info, auto *a) { info.orientationsSupported += integers(a); }},
+    Field{"orientation-requested-default",
+          [](auto &info, auto *a) { setInteger(info.orientationDefault, a); }},
+};
+} // namespace
+
+void PrinterInfo::readAttribute(ipp_attribute_t *attribute)
+{
+    logAttribute(AttributeLog::printers(), attribute);
+    if (ippGetGroupTag(attribute) != IPP_TAG_PRINTER)
+        return;
+    const auto field = std::find_if(Fields.begin(), Fields.end(), [attribute](const Field &known) {
+        return isNamed(attribute, known.attribute);
+    });
+    if (field != Fields.end())
+        field->read(*this, attribute);
+}
+
+QList<const char *> PrinterInfo::attributeNames()
+{
+    QList<const char *> names;
+    for (const Field &field : Fields)
+        names.append(field.attribute);
+    return names;
+}
