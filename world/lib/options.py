@@ -1,0 +1,70 @@
+"""The options of the `world` command."""
+
+import argparse
+import os
+
+MODES = ("namespace", "relocated")
+
+
+def _parser():
+    parser = argparse.ArgumentParser(
+        prog="world",
+        usage="world [options] -- COMMAND [ARGS...]",
+        description="Runs COMMAND beside a private CUPS server with sample queues and returns its "
+        "exit status.",
+    )
+    add = parser.add_argument
+    add("--relocated", dest="mode", action="store_const", const="relocated", default="namespace",
+        help="no mounts: every path lies below the folder that VESK_RELOCATED_ROOT names")
+    add("--probe", action="store_true",
+        help="only tell by the exit status whether the kernel allows the private namespaces")
+    add("--install", metavar="DIR",
+        help="the program's installed tree, shown as /opt/Tarvel/mfp")
+    add("--program", metavar="FILE",
+        help="with --relocated: FILE in the place of the installed bin/vesk")
+    add("--user", metavar="NAME", help="the user that COMMAND runs as (for root)")
+    add("--queues", metavar="N", type=int, default=0, help="add N plain queues Queue0001...")
+    add("--no-samples", dest="samples", action="store_false", help="without the sample queues")
+    add("--no-server", dest="server", action="store_false", help="with the server down")
+    add("--auth", action="store_true",
+        help="administrative requests need the name root and the password 'secret'")
+    client = parser.add_mutually_exclusive_group()
+    client.add_argument("--no-record", dest="client", action="store_const", const="system",
+                        default="record", help="the system's client itself, without the recorder")
+    client.add_argument("--client", dest="client_file", metavar="FILE",
+                        help="FILE in the place of the system's client")
+    client.add_argument("--no-client", dest="client", action="store_const", const="none",
+                        help="without a client")
+    # For the self-tests and for the way through sudo.
+    add("--no-overlay", dest="overlay", action="store_false", help=argparse.SUPPRESS)
+    add("--for-process", metavar="PID", type=int, help=argparse.SUPPRESS)
+    add("command", nargs="*", metavar="COMMAND")
+    return parser
+
+
+def parse(arguments):
+    """The parsed options; ends the process with a usage message when they make no sense."""
+    parser = _parser()
+    options = parser.parse_args(arguments)
+    if options.probe:
+        return options
+    if not options.command:
+        parser.error("no command")
+    if not 0 <= options.queues <= 9999:
+        parser.error("--queues: 0 to 9999")
+    if options.client_file:
+        options.client = "file"
+        options.client_file = _existing(parser, options.client_file)
+    if options.program:
+        options.program = _existing(parser, options.program)
+    if options.install:
+        options.install = _existing(parser, options.install)
+    if options.auth and options.mode == "relocated":
+        parser.error("--auth needs the private namespaces")
+    return options
+
+
+def _existing(parser, path):
+    if not os.path.exists(path):
+        parser.error("no such file: " + path)
+    return os.path.realpath(path)
