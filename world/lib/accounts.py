@@ -38,9 +38,13 @@ def current():
         return Account(os.getuid(), os.getgid(), os.getgroups(), str(os.getuid()), "/")
 
 
-def exists(name):
-    try:
-        pwd.getpwnam(name)
-        return True
-    except KeyError:
-        return False
+def of_process(pid):
+    """The account of another process, with the groups that it has."""
+    ids = {}
+    with open("/proc/%d/status" % pid) as status:
+        for line in status:
+            name, _, values = line.partition(":")
+            if name in ("Uid", "Gid", "Groups"):
+                ids[name] = [int(value) for value in values.split()]
+    entry = pwd.getpwuid(ids["Uid"][0])
+    return Account(ids["Uid"][0], ids["Gid"][0], ids["Groups"], entry.pw_name, entry.pw_dir)

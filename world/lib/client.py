@@ -11,69 +11,83 @@ _KEPT_CLIENT = "lpr.orig"
 _CLIENT = "lpr"
 
 
-def place(options, root):
-    """Puts the program and the client into the folder usr/bin of the world."""
-    folder = os.path.join(root, "usr/bin")
-    os.symlink(_program(options, root), os.path.join(folder, _CLIENT))
+def place(options, root, folder, system, program):
+    """
+    Puts a link to the program and the client into `folder`. The machine's own programs are seen
+    in the folder `system`.
+    """
+    original = _system_client(system)
+    _replace(os.path.join(folder, _CLIENT))
+    os.symlink(program, os.path.join(folder, _CLIENT))
     target = os.path.join(folder, _KEPT_CLIENT)
+    _replace(target)
     if options.client == "file":
-        os.symlink(options.client_file, target)
+        shutil.copy(options.client_file, target)
     elif options.client == "system":
-        os.symlink(system_client(), target)
+        os.symlink(original, target)
     elif options.client == "record":
-        _place_recorder(root, target)
+        _place_recorder(root, target, original)
 
 
-def system_client():
+def link_tree(options, tree):
+    """Links the installed tree's entries into `tree`, with the relocated program as bin/vesk."""
+    programs = os.path.join(tree, "bin")
+    os.makedirs(programs)
+    if options.install:
+        _link_entries(options.install, tree)
+        _link_entries(os.path.join(options.install, "bin"), programs)
+    if options.program:
+        _replace(os.path.join(programs, "vesk"))
+        os.symlink(options.program, os.path.join(programs, "vesk"))
+
+
+def _link_entries(source, target):
+    for name in os.listdir(source):
+        path = os.path.join(target, name)
+        if not os.path.exists(path):
+            os.symlink(os.path.join(source, name), path)
+
+
+def _replace(path):
+    if os.path.lexists(path):
+        os.unlink(path)
+
+
+def _system_client(system):
     """The system's own client, also where this program has already taken its place."""
     for name in (_KEPT_CLIENT, _CLIENT):
-        path = os.path.join("/usr/bin", name)
+        path = os.path.join(system, name)
         if os.path.exists(path):
             return os.path.realpath(path)
     raise RuntimeError("no lpr on this system: the package cups-bsd is missing")
 
 
-def _program(options, root):
-    tree = os.path.join(root, "opt/Tarvel/mfp")
-    os.makedirs(os.path.join(tree, "bin"))
-    if options.install:
-        _link_tree(options.install, tree)
-    if options.program:
-        _replace(options.program, os.path.join(tree, "bin/vesk"))
-    return os.path.join(tree, "bin/vesk")
-
-
-def _link_tree(source, target):
-    """Links every entry of the installed tree, and of its folder bin."""
-    for name in os.listdir(source):
-        if name != "bin":
-            os.symlink(os.path.join(source, name), os.path.join(target, name))
-    for name in os.listdir(os.path.join(source, "bin")):
-        os.symlink(os.path.join(source, "bin", name), os.path.join(target, "bin", name))
-
-
-def _replace(source, target):
-    if os.path.lexists(target):
-        os.unlink(target)
-    os.symlink(source, target)
-
-
-def _place_recorder(root, target):
-    if is_built():
+def bring_recorder(root):
+    """Puts the recorder into the world, before the view of the file system changes."""
+    target = _recorder(root)
+    if _is_built():
         shutil.copy(_BUILT, target)
     else:
         _compile(target)
+
+
+def _recorder(root):
+    return os.path.join(root, "bin/record-argv")
+
+
+def _place_recorder(root, target, original):
+    shutil.copy(_recorder(root), target)
     with open(target + ".record", "w") as settings:
-        settings.write("%s\n%s\n" % (os.path.join(root, "client-argv"), system_client()))
+        settings.write("%s\n%s\n" % (os.path.join(root, "client-argv"), original))
 
 
-def is_built():
+def _is_built():
     return os.path.exists(_BUILT) and os.path.getmtime(_BUILT) >= os.path.getmtime(_SOURCE)
 
 
 def build_once():
     """Builds the recorder into the project's cache, where that can be written."""
-    if is_built() or not os.access(os.path.dirname(_HERE), os.W_OK):
+    if _is_built() or not os.access(os.path.dirname(_HERE), os.W_OK):
         return
     os.makedirs(os.path.dirname(_BUILT), exist_ok=True)
     part = "%s.%d" % (_BUILT, os.getpid())

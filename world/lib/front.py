@@ -17,8 +17,11 @@ import signal
 import sys
 import time
 
+import accounts
 import client
+import elevation
 import inside
+import mounts
 import options as command_line
 import processes
 import root as tree
@@ -31,22 +34,36 @@ def main(arguments):
     options = command_line.parse(arguments)
     if options.client == "record":
         client.build_once()
-    return _run(options)
+    if options.mode == "namespace" and os.getuid() != 0:
+        return elevation.run(arguments)
+    if options.probe:
+        return 0 if mounts.are_possible() else 1
+    options.account, ends = _caller(options)
+    return _run(options, ends)
 
 
-def _run(options):
+def _caller(options):
+    """The account that the command runs as, and descriptors that tell of the caller's end."""
+    if options.for_process:
+        return elevation.caller(options.for_process)
+    if options.user:
+        return accounts.named(options.user), []
+    return accounts.current(), []
+
+
+def _run(options, ends):
     signal.pthread_sigmask(signal.SIG_BLOCK, processes.END_SIGNALS + (signal.SIGCHLD,))
     processes.adopt_orphans()
     tree.sweep()
     root, _lock = tree.reserve()
     lifeline, hold = os.pipe()
-    keeper = processes.fork(lambda: _keep(options, root, lifeline, hold))
+    keeper = processes.fork(lambda: _keep(options, root, [lifeline, *ends], hold))
     os.close(lifeline)
     code, cause = _wait_for_keeper(keeper, hold)
     processes.kill_descendants()
     tree.remove(root)
     if cause:
-        _end_by(cause)
+        processes.end_by(cause)
     return code
 
 
@@ -64,14 +81,7 @@ def _wait_for_keeper(keeper, hold):
             os.close(hold)
 
 
-def _end_by(number):
-    """Ends this process by the signal, as a shell expects it."""
-    signal.signal(number, signal.SIG_DFL)
-    signal.pthread_sigmask(signal.SIG_UNBLOCK, [number])
-    os.kill(os.getpid(), number)
-
-
-def _keep(options, root, lifeline, hold):
+def _keep(options, root, lifelines, hold):
     os.close(hold)
     processes.adopt_orphans()
     ended = _watch_children()
@@ -81,10 +91,10 @@ def _keep(options, root, lifeline, hold):
     # A group of its own: Ctrl-C and a signal to the whole group are for the command.
     os.setpgid(0, 0)
     try:
-        return _wait_for_inside(pid, lifeline, ended)
+        return _wait_for_inside(pid, lifelines, ended)
     finally:
         processes.kill_descendants()
-        _save(root)
+        _save(root, options.account)
         tree.remove(root)
 
 
@@ -97,9 +107,9 @@ def _watch_children():
     return readable
 
 
-def _wait_for_inside(pid, lifeline, ended):
+def _wait_for_inside(pid, lifelines, ended):
     limit = None
-    watched = [lifeline, ended]
+    watched = [ended, *lifelines]
     while True:
         left = None if limit is None else max(0.0, limit - time.monotonic())
         readable = select.select(watched, [], [], left)[0]
@@ -108,7 +118,7 @@ def _wait_for_inside(pid, lifeline, ended):
             return processes.exit_code(status)
         if ended in readable:
             os.read(ended, 4096)
-        if lifeline in readable:
+        if limit is None and set(readable) & set(lifelines):
             watched = [ended]
             limit = time.monotonic() + _GRACE
             os.kill(pid, signal.SIGTERM)
@@ -117,11 +127,11 @@ def _wait_for_inside(pid, lifeline, ended):
             limit = None
 
 
-def _save(root):
+def _save(root, user):
     """Copies the results of the run to the folder that VESK_KEEP names."""
     target = os.environ.get("VESK_KEEP")
     if target:
         try:
-            tree.save(root, target)
+            tree.save(root, target, user)
         except OSError as error:
             print("world: %s" % error, file=sys.stderr)

@@ -4,8 +4,8 @@ import os
 import shutil
 import signal
 
-import accounts
 import client
+import mounts
 import processes
 import queues
 import root as tree
@@ -24,17 +24,31 @@ _command = 0
 def run(options, root):
     """Builds the world in `root`, runs the command and returns its status."""
     processes.die_with_parent()
-    user = accounts.named(options.user) if options.user else accounts.current()
+    user = options.account
     tree.furnish(root)
     if options.server:
         server.write_settings(root, options.auth)
     queues.write_queues(root, options.samples, options.queues)
-    client.place(options, root)
+    _place_programs(options, root, user)
     if user.uid != os.getuid():
         tree.give_to(root, user, ("home", "client-argv"))
     if options.server:
         server.start(root)
     return _run_command(options, root, user)
+
+
+def _place_programs(options, root, user):
+    if options.client == "record":
+        client.bring_recorder(root)
+    if options.mode == "namespace":
+        mounts.enter(options, root, user)
+        client.place(options, root, "/usr/bin", mounts.original_programs(root),
+                     "/opt/Tarvel/mfp/bin/vesk")
+    else:
+        own = os.path.join(root, "opt/Tarvel/mfp")
+        client.link_tree(options, own)
+        client.place(options, root, os.path.join(root, "usr/bin"), "/usr/bin",
+                     os.path.join(own, "bin/vesk"))
 
 
 def _environment(options, root):

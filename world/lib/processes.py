@@ -66,6 +66,13 @@ def fork(child):
         os._exit(code)
 
 
+def end_by(number):
+    """Ends this process by the signal, as a shell expects of a program that was interrupted."""
+    signal.signal(number, signal.SIG_DFL)
+    signal.pthread_sigmask(signal.SIG_UNBLOCK, [number])
+    os.kill(os.getpid(), number)
+
+
 def _parents():
     """A map from each process to its parent."""
     found = {}
@@ -96,10 +103,8 @@ def signal_all(pids, number):
     for pid in pids:
         try:
             os.kill(pid, number)
-        except ProcessLookupError:
-            pass
-        except PermissionError:
-            pass
+        except OSError:
+            pass  # ended meanwhile, or another user's
 
 
 def _reap():

@@ -58,11 +58,14 @@ def give_to(root, user, names):
     """Makes `user` the owner of the folder itself and of the named entries, with all below."""
     os.chown(root, user.uid, user.gid)
     for name in names:
-        path = os.path.join(root, name)
-        os.chown(path, user.uid, user.gid)
-        for folder, folders, files in os.walk(path):
-            for entry in folders + files:
-                os.chown(os.path.join(folder, entry), user.uid, user.gid, follow_symlinks=False)
+        _give(os.path.join(root, name), user)
+
+
+def _give(path, user):
+    os.chown(path, user.uid, user.gid)
+    for folder, folders, files in os.walk(path):
+        for entry in folders + files:
+            os.chown(os.path.join(folder, entry), user.uid, user.gid, follow_symlinks=False)
 
 
 def remove(root):
@@ -70,7 +73,7 @@ def remove(root):
     shutil.rmtree(root, ignore_errors=True)
 
 
-def save(root, target):
+def save(root, target, user):
     """Copies pages, logs and the client's arguments of the world to the folder `target`."""
     os.makedirs(target, exist_ok=True)
     for name, source in (("pages", "pages"), ("server-logs", "var/log/cups"),
@@ -78,6 +81,7 @@ def save(root, target):
         shutil.copytree(os.path.join(root, source), os.path.join(target, name),
                         dirs_exist_ok=True)
     shutil.copy(os.path.join(root, "client-argv"), target)
+    _give(target, user)
 
 
 def sweep():

@@ -23,6 +23,7 @@ StateDir {root}/var/run/cups
 AccessLog {root}/var/log/cups/access_log
 ErrorLog {root}/var/log/cups/error_log
 PageLog {root}/var/log/cups/page_log
+Printcap
 User {user}
 SystemGroup root
 """
@@ -63,6 +64,10 @@ PreserveJobFiles Yes
 </Policy>
 """
 
+#: Raw data is taken, as Debian sets its servers up.
+_RAW_TYPES = "application/octet-stream\n"
+_RAW_CONVERSIONS = "application/octet-stream application/vnd.cups-raw 0 -\n"
+
 #: What a distribution's policy demands an administrator for. Everything else is open here.
 _ADMINISTRATION = (
     "CUPS-Add-Modify-Printer CUPS-Delete-Printer CUPS-Add-Modify-Class CUPS-Delete-Class "
@@ -89,6 +94,8 @@ def write_settings(root, auth):
     write(os.path.join(etc, "cups-files.conf"), _FILES.format(root=root, user=user.name))
     write(os.path.join(etc, "cupsd.conf"), _SETTINGS.format(
         root=root, administration=_ADMINISTRATION, auth="Basic" if auth else "None"))
+    write(os.path.join(etc, "raw.types"), _RAW_TYPES)
+    write(os.path.join(etc, "raw.convs"), _RAW_CONVERSIONS)
     _gather_programs(root)
     if os.getuid() == 0:
         for name in ("pages", "var/cache/cups", "var/spool/cups", "var/spool/cups/tmp"):
