@@ -1,13 +1,17 @@
 #pragma once
 
 #include "Destinations.h"
+#include "PageAndCopies.h"
 #include "PrinterOptions.h"
 
 #include <QDialog>
+#include <QList>
 #include <QPixmap>
+#include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QButtonGroup;
 
@@ -51,6 +55,13 @@ public:
     const QString &destination() const { return m_destination; }
     const PrinterOptions &options() const { return m_options; }
 
+    /**
+     * Adds those of `entries` (all destinations, sorted) that the list lacks, without moving the
+     * user's selection; while the list is popped down, not before it is closed. A destination that
+     * was asked for and was not known before is selected, unless the user has begun to choose.
+     */
+    void joinDestinations(const QList<Destinations::Entry> &entries);
+
 public slots:
     virtual void EditProperties();
     virtual void StartPrinter();
@@ -66,13 +77,36 @@ public slots:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void connectControls();
+    void connectFirstInput();
+    void fillDestinations();
+    void startDiscovery();
+    bool insertDestinations(const QList<Destinations::Entry> &entries);
+    QString destinationAskedFor() const;
+    void loadOptions(const QString &destination);
+    QPixmap devicePicture(const QString &makeAndModel) const;
+    PageAndCopies choice() const;
+    void showChoice(const PageAndCopies &choice);
+    bool acceptsPages(const PageAndCopies &choice);
+    void refuse(const QString &title, const QString &text);
+
     std::unique_ptr<Ui::PrintDialogBase> ui;
     QString m_destination;
     QString m_defaultDestination;
     PrinterOptions m_options;
     PrinterOptions m_initialOptions;
     QButtonGroup *m_pageSelection;
+
     PrintDialogServices m_services;
+    QString m_printer;
+    /** What PrintersCombo shows, entry by entry. */
+    QList<Destinations::Entry> m_entries;
+    /** What discovery has found while the list was popped down. */
+    QList<Destinations::Entry> m_lateEntries;
+    std::unique_ptr<Destinations::Discovery> m_discovery;
+    /** Whether the user has touched a control; from then on only the user selects. */
+    bool m_userChooses = false;
 };
