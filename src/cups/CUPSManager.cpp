@@ -6,6 +6,7 @@
 #include "ServerConnection.h"
 #include "SystemPaths.h"
 
+#include <optional>
 #include <utility>
 
 namespace
@@ -90,19 +91,27 @@ bool setPpdName(CUPSManager &manager, const QByteArray &uri, const QByteArray &p
     return manager.execute(request);
 }
 
-/** The name of the printer or class at `uri`; empty when the server knows neither. */
-QString nameOf(CUPSManager &manager, const char *uri)
+/** The class at `uri`; empty when there is none, nothing when the server does not tell. */
+std::optional<QString> classNameOf(CUPSManager &manager, const char *uri)
+{
+    Requests::GetClasses request;
+    request.addRequestedAttributes(ClassInfo::attributeNames());
+    if (!manager.execute(request))
+        return std::nullopt;
+    for (const ClassInfo &cls : recordsOf<ClassInfo>(request.response())) {
+        if (cls.uri == QString::fromLatin1(uri))
+            return cls.name;
+    }
+    return QString();
+}
+
+/** The same for a printer or class. */
+std::optional<QString> nameOf(CUPSManager &manager, const char *uri)
 {
     CUPSPrinter printer;
     if (manager.getPrinterAttributes(uri, printer))
         return printer.attributes.name;
-    QMap<QString, ClassInfo> classes;
-    manager.getClasses(classes);
-    for (const ClassInfo &cls : std::as_const(classes)) {
-        if (cls.uri == QString::fromLatin1(uri))
-            return cls.name;
-    }
-    return {};
+    return classNameOf(manager, uri);
 }
 
 void removeFromSavedDestinations(const QString &name)
@@ -134,27 +143,27 @@ bool removeMember(ClassInfo &cls, const QString &name, const QString &uri)
     return true;
 }
 
-void removeFromClasses(CUPSManager &manager, const QString &name, const QString &uri)
+bool removeFromClasses(CUPSManager &manager, const QString &name, const QString &uri)
 {
     QMap<QString, ClassInfo> classes;
     manager.getClasses(classes);
     for (ClassInfo &cls : classes) {
-        if (removeMember(cls, name, uri))
-            manager.modifyClass(cls);
+        if (removeMember(cls, name, uri) && !manager.modifyClass(cls))
+            return false;
     }
+    return true;
 }
 
-void addLibraryJobs(QMap<int, JobInfo> &out, const char *destination, int which)
+/** Adds the jobs of all users. False when the server does not tell. */
+bool addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destination, int which)
 {
-    constexpr int JobsOfAllUsers = 0;
-    const Cups::HttpPtr http = ServerConnection::open();
-    if (!http)
-        return;
+    constexpr int OfAllUsers = 0;
     cups_job_t *jobs = nullptr;
-    const int count = cupsGetJobs2(http.get(), &jobs, destination, JobsOfAllUsers, which);
+    const int count = cupsGetJobs2(http, &jobs, destination, OfAllUsers, which);
     for (int i = 0; i < count; ++i)
         out.insert(jobs[i].id, JobInfo(jobs[i]));
     cupsFreeJobs(count, jobs);
+    return count >= 0;
 }
 
 int growth(qsizetype before, qsizetype after)
@@ -342,30 +351,34 @@ bool CUPSManager::deletePrinter(const char *uri)
 {
     if (!stopPrinter(uri))
         return false;
-    const QString name = nameOf(*this, uri);
-    if (!name.isEmpty()) {
-        removeFromSavedDestinations(name);
-        removeFromClasses(*this, name, QString::fromLatin1(uri));
-    }
+    const std::optional<QString> name = nameOf(*this, uri);
+    if (!name)
+        return false;
+    removeFromSavedDestinations(*name);
+    if (!removeFromClasses(*this, *name, QString::fromLatin1(uri)))
+        return false;
     Requests::DeletePrinter request(uri);
     return execute(request);
 }
 
 bool CUPSManager::deleteClass(const char *uri)
 {
-    const QString name = nameOf(*this, uri);
-    if (!name.isEmpty())
-        removeFromSavedDestinations(name);
+    const std::optional<QString> name = nameOf(*this, uri);
+    if (!name)
+        return false;
+    removeFromSavedDestinations(*name);
     Requests::DeleteClass request(uri);
     return execute(request);
 }
 
 int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool activeOnly)
 {
+    const Cups::HttpPtr http = ServerConnection::open();
+    if (!http)
+        return 0;
     const qsizetype before = out.size();
-    addLibraryJobs(out, destination, CUPS_WHICHJOBS_ACTIVE);
-    if (!activeOnly)
-        addLibraryJobs(out, destination, CUPS_WHICHJOBS_COMPLETED);
+    if (addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE) && !activeOnly)
+        addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
     return growth(before, out.size());
 }
 

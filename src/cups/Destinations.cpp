@@ -1,122 +1,96 @@
 #include "Destinations.h"
 
 #include "AttributeValues.h"
+#include "SavedOptionsFile.h"
 #include "ServerConnection.h"
 
-#include <QFile>
-
+#include <algorithm>
+#include <array>
 #include <mutex>
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace
 {
 using Destinations::Entry;
 using Destinations::SavedEntry;
+using SavedOptionsFile::Name;
+using SavedOptionsFile::splitName;
 
-constexpr char SavedOptionsFile[] = "/lpoptions";
+constexpr char PrinterName[] = "printer-name";
 
 const char *orNull(const QByteArray &text)
 {
     return text.isEmpty() ? nullptr : text.constData();
 }
 
-QByteArray contentsOf(const QByteArray &path)
+/** Adds `entry` with the options of its queue, and its own on top, as the library does it. */
+void addSaved(Cups::DestinationArray &destinations, const SavedEntry &entry)
 {
-    QFile file(QFile::decodeName(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    destinations.add(entry.name.constData(), orNull(entry.instance));
+    cups_dest_t *destination = destinations.find(entry.name.constData(), orNull(entry.instance));
+    if (destination)
+        destination->num_options = cupsParseOptions(
+            entry.options.constData(), destination->num_options, &destination->options);
 }
 
-QByteArray systemFile()
+/** The default destination: the environment's, the saved one, the server's. */
+Name defaultName(http_t *http, const QList<SavedEntry> &saved)
 {
-    const QByteArray root = qgetenv("CUPS_SERVERROOT");
-    return (root.isEmpty() ? QByteArray("/etc/cups") : root) + SavedOptionsFile;
+    const QByteArray environment = Destinations::environmentDefault();
+    if (!environment.isNull())
+        return splitName(environment);
+    const auto last = std::find_if(saved.crbegin(), saved.crend(),
+                                   [](const SavedEntry &entry) { return entry.isDefault; });
+    if (last != saved.crend())
+        return {last->name, last->instance};
+    return {cupsGetDefault2(http), {}};
 }
 
-QByteArray userFile()
+/**
+ * Marks the default and nothing else. The library itself leaves a default without its mark when
+ * the queue has saved options.
+ */
+void markDefault(Cups::DestinationArray &destinations, const Name &name)
 {
-    const QByteArray home = qgetenv("HOME");
-    return home.isEmpty() ? QByteArray() : home + "/.cups" + SavedOptionsFile;
-}
-
-/** All saved entries in the order in which the library reads them. */
-QList<SavedEntry> allSaved()
-{
-    QList<SavedEntry> all = Destinations::parseSavedOptions(contentsOf(systemFile()));
-    const QByteArray own = userFile();
-    if (!own.isEmpty())
-        all += Destinations::parseSavedOptions(contentsOf(own));
-    return all;
-}
-
-void makeDefault(Cups::DestinationArray &destinations, const char *name, const char *instance)
-{
-    cups_dest_t *chosen = destinations.find(name, instance);
-    if (!chosen)
-        return;
     for (cups_dest_t &destination : destinations)
         destination.is_default = 0;
-    chosen->is_default = 1;
+    if (cups_dest_t *chosen = destinations.find(name.name.constData(), orNull(name.instance)))
+        chosen->is_default = 1;
 }
 
-/** `line` up to a comment, without blanks at its ends. "\#" stands for the character itself. */
-QByteArray withoutComment(QByteArray line)
+/** Adds `entry` with its own options alone. */
+void addWithOwnOptions(Cups::DestinationArray &destinations, const SavedEntry &entry)
 {
-    const qsizetype sign = line.indexOf('#');
-    if (sign > 0 && line.at(sign - 1) == '\\')
-        line.remove(sign - 1, 1);
-    else if (sign >= 0)
-        line.truncate(sign);
-    return line.trimmed();
+    const char *name = entry.name.constData();
+    const char *instance = orNull(entry.instance);
+    const bool isThere = destinations.find(name, instance);
+    destinations.add(name, instance);
+    cups_dest_t *added = destinations.find(name, instance);
+    if (added && !isThere)
+        cupsFreeOptions(std::exchange(added->num_options, 0),
+                        std::exchange(added->options, nullptr));
+    addSaved(destinations, entry);
+    if (entry.isDefault)
+        markDefault(destinations, {entry.name, entry.instance});
 }
 
-bool isBlank(char c)
+/** Asks on the user's behalf, and for names alone. */
+void addQuestion(ipp_t *request)
 {
-    return std::isspace(static_cast<unsigned char>(c)) != 0;
-}
-
-/** Cuts the first word off `text`. */
-QByteArray takeWord(QByteArray &text)
-{
-    qsizetype end = 0;
-    while (end < text.size() && !isBlank(text.at(end)))
-        ++end;
-    const QByteArray word = text.left(end);
-    text = text.mid(end).trimmed();
-    return word;
-}
-
-bool isWord(const QByteArray &word, const char *keyword)
-{
-    return word.compare(keyword, Qt::CaseInsensitive) == 0;
-}
-
-std::optional<SavedEntry> parseSavedLine(const QByteArray &line)
-{
-    QByteArray rest = withoutComment(line);
-    const QByteArray keyword = takeWord(rest);
-    const bool isDefault = isWord(keyword, "Default");
-    if ((!isDefault && !isWord(keyword, "Dest")) || rest.isEmpty())
-        return std::nullopt;
-    const QByteArray destination = takeWord(rest);
-    const qsizetype slash = destination.indexOf('/');
-    SavedEntry entry;
-    entry.name = destination.left(slash);
-    entry.instance = slash < 0 ? QByteArray() : destination.mid(slash + 1);
-    entry.options = rest;
-    entry.isDefault = isDefault;
-    return entry;
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+                 cupsUser());
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
+                 PrinterName);
 }
 
 /** The names of the server's queues, in its order; nullopt when it does not answer. */
 std::optional<QList<QByteArray>> queueNames(http_t *http)
 {
     ipp_t *request = ippNewRequest(IPP_OP_CUPS_GET_PRINTERS);
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
-                 cupsUser());
-    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes", nullptr,
-                 "printer-name");
+    addQuestion(request);
     const Cups::IppPtr response(cupsDoRequest(http, request, "/"));
     if (!response)
         return std::nullopt;
@@ -124,7 +98,7 @@ std::optional<QList<QByteArray>> queueNames(http_t *http)
     for (ipp_attribute_t *attribute = ippFirstAttribute(response.get()); attribute;
          attribute = ippNextAttribute(response.get())) {
         if (ippGetGroupTag(attribute) != IPP_TAG_PRINTER ||
-            !AttributeValues::isNamed(attribute, "printer-name"))
+            !AttributeValues::isNamed(attribute, PrinterName))
             continue;
         if (const auto name = AttributeValues::bytes(attribute, 0))
             names.append(QByteArray(name->data(), static_cast<qsizetype>(name->size())));
@@ -142,13 +116,74 @@ QList<Entry> entriesOf(const Cups::DestinationArray &destinations)
     return entries;
 }
 
-QList<Entry> listWithDiscovery()
+Cups::DestinationArray discovered(http_t *http)
 {
     Cups::DestinationArray destinations;
+    destinations.countRef() = cupsGetDests2(http, destinations.dataRef());
+    return destinations;
+}
+
+QList<Entry> listWithDiscovery()
+{
     const Cups::HttpPtr http = ServerConnection::open();
-    if (http)
-        destinations.countRef() = cupsGetDests2(http.get(), destinations.dataRef());
+    if (!http)
+        return {};
+    Cups::DestinationArray destinations = discovered(http.get());
+    markDefault(destinations, defaultName(http.get(), SavedOptionsFile::all()));
     return entriesOf(destinations);
+}
+
+enum class Knowledge { Known, Unknown, NoAnswer };
+
+/** Whether the server has a queue of that name. */
+Knowledge askForQueue(http_t *http, const char *name)
+{
+    std::array<char, HTTP_MAX_URI> uri;
+    httpAssembleURIf(HTTP_URI_CODING_ALL, uri.data(), static_cast<int>(uri.size()), "ipp", nullptr,
+                     "localhost", 0, "/printers/%s", name);
+    ipp_t *request = ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES);
+    ippAddString(request, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri.data());
+    addQuestion(request);
+    const Cups::IppPtr response(cupsDoRequest(http, request, "/"));
+    if (!response)
+        return Knowledge::NoAnswer;
+    return ippGetStatusCode(response.get()) < IPP_STATUS_REDIRECTION_OTHER_SITE
+               ? Knowledge::Known
+               : Knowledge::Unknown;
+}
+
+/** Queue `name` with the options that the server gives it. */
+Cups::DestinationArray queueWithServerOptions(http_t *http, const char *name)
+{
+    Cups::DestinationArray queue;
+    // No saved options are those of an instance that no file can name.
+    cups_dest_t *found = cupsGetNamedDest(http, name, " ");
+    if (!found)
+        return queue;
+    queue.add(found->name, nullptr);
+    std::swap(queue.data()->num_options, found->num_options);
+    std::swap(queue.data()->options, found->options);
+    cupsFreeDests(1, found);
+    return queue;
+}
+
+Cups::DestinationArray only(const cups_dest_t *destination)
+{
+    Cups::DestinationArray one;
+    if (destination)
+        one.countRef() = cupsCopyDest(const_cast<cups_dest_t *>(destination), 0, one.dataRef());
+    return one;
+}
+
+/** Queue `name` of the server with its saved instances, all with the options that they have. */
+Cups::DestinationArray queueWithInstances(http_t *http, const char *name)
+{
+    Cups::DestinationArray all = queueWithServerOptions(http, name);
+    for (const SavedEntry &entry : SavedOptionsFile::all()) {
+        if (all.find(entry.name.constData(), nullptr))
+            addSaved(all, entry);
+    }
+    return all;
 }
 } // namespace
 
@@ -156,21 +191,10 @@ namespace Destinations
 {
 QByteArray environmentDefault()
 {
-    const QByteArray destination = qgetenv("LPDEST");
-    if (!destination.isNull())
-        return destination;
+    if (qEnvironmentVariableIsSet("LPDEST"))
+        return qgetenv("LPDEST");
     const QByteArray printer = qgetenv("PRINTER");
     return printer == "lp" ? QByteArray() : printer;
-}
-
-QList<SavedEntry> parseSavedOptions(const QByteArray &text)
-{
-    QList<SavedEntry> entries;
-    for (const QByteArray &line : text.split('\n')) {
-        if (auto entry = parseSavedLine(line))
-            entries.append(*std::move(entry));
-    }
-    return entries;
 }
 
 QList<Entry> listWithoutDiscovery()
@@ -181,47 +205,41 @@ QList<Entry> listWithoutDiscovery()
     const auto names = queueNames(http.get());
     if (!names)
         return {};
+    const QList<SavedEntry> saved = SavedOptionsFile::all();
     Cups::DestinationArray destinations;
     for (const QByteArray &name : *names)
         destinations.add(name.constData(), nullptr);
-    makeDefault(destinations, cupsGetDefault2(http.get()), nullptr);
-    for (const SavedEntry &entry : allSaved()) {
-        if (!destinations.find(entry.name.constData(), nullptr))
-            continue;
-        destinations.add(entry.name.constData(), orNull(entry.instance));
-        if (entry.isDefault && environmentDefault().isEmpty())
-            makeDefault(destinations, entry.name.constData(), orNull(entry.instance));
+    for (const SavedEntry &entry : saved) {
+        if (destinations.find(entry.name.constData(), nullptr))
+            destinations.add(entry.name.constData(), orNull(entry.instance));
     }
+    markDefault(destinations, defaultName(http.get(), saved));
     return entriesOf(destinations);
 }
 
 Cups::DestinationArray named(const char *name, const char *instance)
 {
-    Cups::DestinationArray found;
     const Cups::HttpPtr http = ServerConnection::open();
     if (!http)
-        return found;
-    if (cups_dest_t *destination = cupsGetNamedDest(http.get(), name, instance)) {
-        found.countRef() = 1;
-        *found.dataRef() = destination;
+        return {};
+    // Asked first because for a name that the server does not know, or does not tell, the library
+    // goes on to discovery over a connection of its own, which may wait without end.
+    switch (askForQueue(http.get(), name)) {
+    case Knowledge::Known:
+        return only(queueWithInstances(http.get(), name).find(name, instance));
+    case Knowledge::Unknown:
+        return only(discovered(http.get()).find(name, instance));
+    case Knowledge::NoAnswer:
+        break;
     }
-    return found;
+    return {};
 }
 
 Cups::DestinationArray saved()
 {
     Cups::DestinationArray destinations;
-    for (const SavedEntry &entry : allSaved()) {
-        destinations.add(entry.name.constData(), orNull(entry.instance));
-        cups_dest_t *destination =
-            destinations.find(entry.name.constData(), orNull(entry.instance));
-        if (!destination)
-            continue;
-        destination->num_options = cupsParseOptions(
-            entry.options.constData(), destination->num_options, &destination->options);
-        if (entry.isDefault)
-            makeDefault(destinations, entry.name.constData(), orNull(entry.instance));
-    }
+    for (const SavedEntry &entry : SavedOptionsFile::ofUser())
+        addWithOwnOptions(destinations, entry);
     return destinations;
 }
 
@@ -252,6 +270,8 @@ Discovery::~Discovery()
 void Discovery::start()
 {
     std::thread([shared = m_shared] {
+        // A password cannot be asked for here, and the library would do so on the terminal.
+        cupsSetPasswordCB2([](auto...) -> const char * { return nullptr; }, nullptr);
         const QList<Entry> entries = listWithDiscovery();
         const std::scoped_lock lock(shared->mutex);
         Discovery *receiver = shared->receiver;

@@ -67,6 +67,8 @@ struct Authentication {
     Password password;
     /** A request has succeeded while a password was stored: answer with it without asking. */
     bool isConfirmed = false;
+    /** How many connections had been opened when the password was last given without asking. */
+    unsigned reusedAtOpening = 0;
     IPPRequest::PasswordPrompt prompt;
 };
 
@@ -85,9 +87,26 @@ QString askForPassword()
                   IPPRequest::tr("Please, enter the root password:"));
 }
 
-const char *passwordCallback(const char *prompt, http_t *, const char *, const char *, void *)
+/**
+ * A second challenge on one connection means that the server refused the stored password. It must
+ * not be given again: the library would go on asking, and the server refusing, for ever.
+ */
+void noticeRefusal(Authentication &state)
 {
-    return IPPRequest::rootPasswordCallback(prompt);
+    if (state.password.isNull() || !state.isConfirmed)
+        return;
+    const unsigned opening = ServerConnection::openings();
+    if (state.reusedAtOpening == opening)
+        state.isConfirmed = false;
+    state.reusedAtOpening = opening;
+}
+
+const char *passwordCallback(const char *prompt, http_t *http, const char *, const char *, void *)
+{
+    noticeRefusal(authentication());
+    const char *password = IPPRequest::rootPasswordCallback(prompt);
+    ServerConnection::restartClock(http);
+    return password;
 }
 
 /** A fixed buffer that is filled piece by piece; what does not fit is cut off. */
