@@ -89,6 +89,7 @@ private:
 
 void TestStandardInput::init()
 {
+    qunsetenv("TMPDIR"); // the new folder must not be made in the old one
     m_directory = std::make_unique<QTemporaryDir>();
     qputenv("TMPDIR", QFile::encodeName(m_directory->path()));
     m_error.clear();
