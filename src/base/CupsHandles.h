@@ -57,7 +57,8 @@ class OptionArray
 public:
     OptionArray() = default;
     OptionArray(OptionArray &&other) noexcept
-        : m_count(std::exchange(other.m_count, 0)), m_options(std::exchange(other.m_options, nullptr))
+        : m_count(std::exchange(other.m_count, 0))
+        , m_options(std::exchange(other.m_options, nullptr))
     {
     }
     OptionArray &operator=(OptionArray &&other) noexcept
@@ -83,10 +84,7 @@ public:
     }
     /** Adds what `text` holds, in the syntax of cupsParseOptions. */
     int parse(const char *text) { return m_count = cupsParseOptions(text, m_count, &m_options); }
-    void clear()
-    {
-        cupsFreeOptions(std::exchange(m_count, 0), std::exchange(m_options, nullptr));
-    }
+    void clear() { cupsFreeOptions(std::exchange(m_count, 0), std::exchange(m_options, nullptr)); }
 
 private:
     int m_count = 0;
@@ -99,7 +97,8 @@ class DestinationArray
 public:
     DestinationArray() = default;
     DestinationArray(DestinationArray &&other) noexcept
-        : m_count(std::exchange(other.m_count, 0)), m_dests(std::exchange(other.m_dests, nullptr))
+        : m_count(std::exchange(other.m_count, 0))
+        , m_dests(std::exchange(other.m_dests, nullptr))
     {
     }
     DestinationArray &operator=(DestinationArray &&other) noexcept

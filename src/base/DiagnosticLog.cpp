@@ -12,8 +12,8 @@ namespace
 bool isOwnPlainFile(int descriptor)
 {
     struct stat status;
-    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1
-           && status.st_uid == geteuid();
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
+           status.st_uid == geteuid();
 }
 } // namespace
 

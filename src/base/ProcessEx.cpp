@@ -66,7 +66,8 @@ int ProcessEx::execute(const QByteArray &program, const QList<QByteArray> &argum
 
     const NullStreams streams;
     pid_t child = 0;
-    if (posix_spawnp(&child, program.constData(), streams.get(), nullptr, argv.data(), environ) != 0) {
+    if (posix_spawnp(&child, program.constData(), streams.get(), nullptr, argv.data(), environ) !=
+        0) {
         qWarning("ProcessEx::execute: failed to launch");
         return FailedToLaunch;
     }

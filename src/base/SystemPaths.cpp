@@ -2,9 +2,24 @@
 
 namespace SystemPaths
 {
-const char *program() { return "/usr/bin/lpr"; }
-const char *systemClient() { return "/usr/bin/lpr.orig"; }
-const char *serverSocket() { return "/var/run/cups/cups.sock"; }
-const char *logDirectory() { return "/var/tmp"; }
-bool areRelocated() { return false; }
+const char *program()
+{
+    return "/usr/bin/lpr";
+}
+const char *systemClient()
+{
+    return "/usr/bin/lpr.orig";
+}
+const char *serverSocket()
+{
+    return "/var/run/cups/cups.sock";
+}
+const char *logDirectory()
+{
+    return "/var/tmp";
+}
+bool areRelocated()
+{
+    return false;
+}
 } // namespace SystemPaths

@@ -39,5 +39,8 @@ const char *logDirectory()
     return path.c_str();
 }
 
-bool areRelocated() { return true; }
+bool areRelocated()
+{
+    return true;
+}
 } // namespace SystemPaths

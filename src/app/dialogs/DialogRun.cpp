@@ -3,6 +3,7 @@
 #include "HelpLauncher.h"
 #include "LPRArguments.h"
 #include "PasswordPrompt.h"
+#include "Plugins.h"
 #include "PrintDialog.h"
 #include "Translations.h"
 
@@ -44,6 +45,7 @@ extern "C" Q_DECL_EXPORT DialogRun::Outcome vesk_run_dialogs(DialogRun &run)
     int argc = static_cast<int>(run.toolkitArguments.size());
     run.toolkitArguments.push_back(nullptr);
     QApplication application(argc, run.toolkitArguments.data());
+    Plugins::setPluginPaths(run.pluginDirectories);
     Translations::install({QStringLiteral("vesk"), QStringLiteral("CupsInt"),
                            QStringLiteral("ppdwidgets"), QStringLiteral("printdialog")},
                           {});

@@ -14,15 +14,15 @@ namespace
 {
 QString companionProgram()
 {
-    return QFile::decodeName(InstallationSettings::instance().rootDirectory)
-           + QLatin1String("/bin/orrn");
+    return QFile::decodeName(InstallationSettings::instance().rootDirectory) +
+           QLatin1String("/bin/orrn");
 }
 
 QUrl pageUrl(const QString &topic)
 {
     QUrl url = QUrl::fromLocalFile(
-        QFile::decodeName(joinPath(InstallationSettings::instance().shareDirectory, "help/"))
-        + topic.section(QLatin1Char('#'), 0, 0));
+        QFile::decodeName(joinPath(InstallationSettings::instance().shareDirectory, "help/")) +
+        topic.section(QLatin1Char('#'), 0, 0));
     url.setFragment(topic.section(QLatin1Char('#'), 1));
     return url;
 }
@@ -45,8 +45,8 @@ QStringList pageArguments(const QString &topic)
 
 void show(const QString &topic)
 {
-    if (QFileInfo(companionProgram()).isExecutable()
-        && QProcess::startDetached(companionProgram(), pageArguments(topic)))
+    if (QFileInfo(companionProgram()).isExecutable() &&
+        QProcess::startDetached(companionProgram(), pageArguments(topic)))
         return;
     if (openInBrowser(topic))
         return;

@@ -14,10 +14,10 @@ namespace Translations
 {
 QStringList directories(const QStringList &extraDirectories)
 {
-    return extraDirectories
-           + QStringList{QFile::decodeName(
-                             joinPath(InstallationSettings::instance().shareDirectory, "tr")),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)};
+    return extraDirectories +
+           QStringList{
+               QFile::decodeName(joinPath(InstallationSettings::instance().shareDirectory, "tr")),
+               QLibraryInfo::path(QLibraryInfo::TranslationsPath)};
 }
 
 void install(const QStringList &catalogues, const QStringList &extraDirectories)

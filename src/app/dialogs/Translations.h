@@ -5,8 +5,8 @@
 namespace Translations
 {
 /**
- * The folders that are searched for catalogues: `extraDirectories`, `tr` in the installation's share
- * folder, and the toolkit's own.
+ * The folders that are searched for catalogues: `extraDirectories`, `tr` in the installation's
+ * share folder, and the toolkit's own.
  */
 QStringList directories(const QStringList &extraDirectories);
 

@@ -23,7 +23,10 @@ namespace
 class Descriptor
 {
 public:
-    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
+    explicit Descriptor(int descriptor)
+        : m_descriptor(descriptor)
+    {
+    }
     Descriptor(const Descriptor &) = delete;
     Descriptor &operator=(const Descriptor &) = delete;
     ~Descriptor()
@@ -96,14 +99,15 @@ bool waylandAnswers(const Display::Setting &setting)
         return false;
     // Object 1 (the display), request 0 (sync) of 12 bytes, answered through new object 2.
     const std::array<uint32_t, 3> sync = {1, 12U << 16U, 2};
-    return send(socket.get(), sync.data(), sizeof(sync), MSG_NOSIGNAL) == sizeof(sync)
-           && becomesReadable(socket.get());
+    return send(socket.get(), sync.data(), sizeof(sync), MSG_NOSIGNAL) == sizeof(sync) &&
+           becomesReadable(socket.get());
 }
 
 /** Without the toolkit's plug-in for it, a Wayland display is of no use. */
 bool hasWaylandPlugin()
 {
-    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/platforms"));
+    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) +
+                         QLatin1String("/platforms"));
     return !platforms.entryList({QStringLiteral("libqwayland-*.so")}, QDir::Files).isEmpty();
 }
 

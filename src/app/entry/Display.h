@@ -21,8 +21,8 @@ constexpr int AnswerTimeoutMs = 3000;
 
 /** What the command line and the environment say. A null text: not given. */
 struct Setting {
-    QByteArray platform;       // -platform, or QT_QPA_PLATFORM
-    QByteArray display;        // -display, or DISPLAY
+    QByteArray platform; // -platform, or QT_QPA_PLATFORM
+    QByteArray display;  // -display, or DISPLAY
     bool displayFromOption = false;
     QByteArray waylandDisplay; // WAYLAND_DISPLAY
     QByteArray runtimeDir;     // XDG_RUNTIME_DIR

@@ -96,7 +96,11 @@ int finish(DialogRun::Outcome outcome, const DialogRun &run)
 }
 } // namespace
 
-Entry::Entry(int argc, char **argv) : m_argc(argc), m_argv(argv) {}
+Entry::Entry(int argc, char **argv)
+    : m_argc(argc)
+    , m_argv(argv)
+{
+}
 
 int Entry::run()
 {
@@ -108,13 +112,13 @@ int Entry::run()
     m_files = arguments.operands;
 
     const bool handOverAsked = mustHandOver(arguments, std::getenv(CompanionVariable) != nullptr);
-    const Display::Kind display = handOverAsked
-                                      ? Display::Kind::None
-                                      : Display::find(Display::setting(split.platform, split.display));
+    const Display::Kind display =
+        handOverAsked ? Display::Kind::None
+                      : Display::find(Display::setting(split.platform, split.display));
     // With no display nobody can be asked for a file later, so the input may take its time.
     const bool mayAskForFile = handOverAsked || display != Display::Kind::None;
-    if (m_files.isEmpty() && !captureInput(mayAskForFile ? StandardInput::PatienceMs
-                                                         : StandardInput::NoLimit))
+    if (m_files.isEmpty() &&
+        !captureInput(mayAskForFile ? StandardInput::PatienceMs : StandardInput::NoLimit))
         return InputNotStored;
 
     DialogRun dialogRun{split.toolkit, {}, &arguments, m_files};

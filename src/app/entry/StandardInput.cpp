@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <sys/select.h>
 #include <unistd.h>
@@ -86,6 +87,8 @@ bool writeWhole(int descriptor, const char *data, size_t length)
 
 int createFile()
 {
+    // The toolkit ends the process by itself when its display goes away.
+    std::atexit(StandardInput::removeFile);
     const SignalBlock block;
     const int descriptor = cupsTempFd(s_fileName, sizeof(s_fileName));
     if (descriptor < 0)
@@ -150,7 +153,10 @@ Result capture(int descriptor, int patienceMs, std::string &error)
     return store(descriptor, file, chunk, length, error);
 }
 
-const char *fileName() { return s_fileName; }
+const char *fileName()
+{
+    return s_fileName;
+}
 
 void removeFile()
 {

@@ -7,7 +7,7 @@
  *
  * The file's name lies in static storage, where the handler of SIGHUP, SIGINT and SIGTERM finds it:
  * from its creation to removeFile() the file is removed on each of the three, and the process ends
- * with the signal's number.
+ * with the signal's number. It is removed, too, when the process exits for another reason.
  */
 namespace StandardInput
 {
@@ -29,8 +29,8 @@ constexpr int NoLimit = -1;
 void installSignalHandlers();
 
 /**
- * Reads `descriptor` to its end into the file. Gives up when nothing can be read within `patienceMs`.
- * If the file cannot be created the input is dropped and the result is Nothing.
+ * Reads `descriptor` to its end into the file. Gives up when nothing can be read within
+ * `patienceMs`. If the file cannot be created the input is dropped and the result is Nothing.
  */
 Result capture(int descriptor, int patienceMs, std::string &error);
 

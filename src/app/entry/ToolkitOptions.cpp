@@ -8,18 +8,27 @@ namespace
 {
 using std::string_view;
 
-constexpr std::array OptionsWithValue = {
-    string_view("style"),          string_view("stylesheet"),      string_view("platform"),
-    string_view("platformtheme"),  string_view("plugin"),          string_view("platformpluginpath"),
-    string_view("qwindowgeometry"), string_view("geometry"),       string_view("qwindowicon"),
-    string_view("icon"),           string_view("qwindowtitle"),    string_view("title"),
-    string_view("session"),        string_view("display"),         string_view("name")};
+constexpr std::array OptionsWithValue = {string_view("style"),
+                                         string_view("stylesheet"),
+                                         string_view("platform"),
+                                         string_view("platformtheme"),
+                                         string_view("plugin"),
+                                         string_view("platformpluginpath"),
+                                         string_view("qwindowgeometry"),
+                                         string_view("geometry"),
+                                         string_view("qwindowicon"),
+                                         string_view("icon"),
+                                         string_view("qwindowtitle"),
+                                         string_view("title"),
+                                         string_view("session"),
+                                         string_view("display"),
+                                         string_view("name")};
 constexpr std::array OptionsWithoutValue = {string_view("reverse"), string_view("widgetcount")};
 /** These may also be written as `-style=fusion`. */
 constexpr std::array OptionsWithInlineValue = {string_view("style"), string_view("stylesheet"),
                                                string_view("qmljsdebugger")};
 
-template<typename Names> bool contains(const Names &names, string_view name)
+template <typename Names> bool contains(const Names &names, string_view name)
 {
     return std::find(names.begin(), names.end(), name) != names.end();
 }

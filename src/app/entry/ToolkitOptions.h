@@ -5,8 +5,8 @@
 #include <vector>
 
 /**
- * Takes the window toolkit's own options (`-display :1`, `-style fusion`) out of an argument vector,
- * on every platform in the same way, so that they never reach the system client.
+ * Takes the window toolkit's own options (`-display :1`, `-style fusion`) out of an argument
+ * vector, on every platform in the same way, so that they never reach the system client.
  */
 namespace ToolkitOptions
 {
