@@ -210,14 +210,19 @@ bool PrinterOptions::openPPD()
     m_ppdFileName = fetchPpd(name.toLocal8Bit());
     if (m_ppdFileName.isEmpty() && isClass && !info.memberNames.isEmpty())
         m_ppdFileName = fetchPpd(info.memberNames.constFirst().toLocal8Bit());
-    m_ppd = openAndUnlink(m_ppdFileName);
-    if (m_ppd) {
-        ppdMarkDefaults(m_ppd.get());
-        cupsMarkOptions(m_ppd.get(), m_cupsOptions.count(), m_cupsOptions.data());
-        buildTextMap(JobOptions::pageSize);
-        buildTextMap(JobOptions::mediaType);
-    }
+    usePPD(openAndUnlink(m_ppdFileName));
     return isClass || m_ppd;
+}
+
+void PrinterOptions::usePPD(const Cups::PpdPtr &ppd)
+{
+    m_ppd = ppd;
+    if (!m_ppd)
+        return;
+    ppdMarkDefaults(m_ppd.get());
+    cupsMarkOptions(m_ppd.get(), m_cupsOptions.count(), m_cupsOptions.data());
+    buildTextMap(JobOptions::pageSize);
+    buildTextMap(JobOptions::mediaType);
 }
 
 void PrinterOptions::closePPD()

@@ -34,6 +34,8 @@ public:
     bool save(const QString &destination);
     /** Opens and marks the PPD of the destination, or of a class's first member. */
     bool openPPD();
+    /** Takes over an opened PPD (null: none) and marks its defaults, then the options held here. */
+    void usePPD(const Cups::PpdPtr &ppd);
     /** Lets go of the PPD; the last owner closes it. */
     void closePPD();
 
