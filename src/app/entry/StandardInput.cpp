@@ -12,6 +12,9 @@
 namespace
 {
 constexpr size_t ChunkSize = 4096;
+/** Chunk by chunk a large job takes twice its time: one call takes all chunks that are there. */
+constexpr size_t ChunksAtOnce = 16;
+constexpr size_t BufferSize = ChunkSize * ChunksAtOnce;
 constexpr int Signals[] = {SIGHUP, SIGINT, SIGTERM};
 
 /** Read by the signal handler: plain static storage. Empty: no file. */
@@ -59,11 +62,11 @@ bool waitForData(int descriptor, int patienceMs)
     return ready > 0;
 }
 
-/** Like read, but waits where the descriptor does not block. */
-ssize_t readChunk(int descriptor, char *chunk)
+/** Like read into a whole buffer, but waits where the descriptor does not block. */
+ssize_t readChunks(int descriptor, char *buffer)
 {
     for (;;) {
-        const ssize_t length = read(descriptor, chunk, ChunkSize);
+        const ssize_t length = read(descriptor, buffer, BufferSize);
         if (length >= 0 || (errno != EINTR && errno != EAGAIN))
             return length;
         if (errno == EAGAIN && !waitForData(descriptor, StandardInput::NoLimit))
@@ -103,16 +106,16 @@ StandardInput::Result fail(const char *what, int error, std::string &text)
     return StandardInput::Result::Failed;
 }
 
-/** Copies the first chunk and all that follows into the file, and closes it. */
-StandardInput::Result store(int input, int file, char *chunk, ssize_t length, std::string &error)
+/** Copies `length` bytes in `buffer` and all that follow into the file, and closes it. */
+StandardInput::Result store(int input, int file, char *buffer, ssize_t length, std::string &error)
 {
     while (length > 0) {
-        if (!writeWhole(file, chunk, static_cast<size_t>(length))) {
+        if (!writeWhole(file, buffer, static_cast<size_t>(length))) {
             const int reason = errno;
             close(file);
             return fail("cannot write the temporary file", reason, error);
         }
-        length = readChunk(input, chunk);
+        length = readChunks(input, buffer);
     }
     const int readError = length < 0 ? errno : 0;
     const off_t stored = lseek(file, 0, SEEK_CUR);
@@ -141,8 +144,8 @@ Result capture(int descriptor, int patienceMs, std::string &error)
 {
     if (!waitForData(descriptor, patienceMs))
         return Result::Nothing;
-    char chunk[ChunkSize];
-    const ssize_t length = readChunk(descriptor, chunk);
+    char buffer[BufferSize];
+    const ssize_t length = readChunks(descriptor, buffer);
     if (length < 0)
         return fail("cannot read standard input", errno, error);
     if (length == 0)
@@ -150,7 +153,7 @@ Result capture(int descriptor, int patienceMs, std::string &error)
     const int file = createFile();
     if (file < 0)
         return Result::Nothing;
-    return store(descriptor, file, chunk, length, error);
+    return store(descriptor, file, buffer, length, error);
 }
 
 const char *fileName()

@@ -104,7 +104,7 @@ void TestStandardInput::init()
 void TestStandardInput::captures_data()
 {
     QTest::addColumn<int>("size");
-    for (int size : {1, 4095, 4096, 4097, 8192, 3000000})
+    for (int size : {1, 4095, 4096, 4097, 8192, 65535, 65536, 65537, 3000000})
         QTest::addRow("%d bytes", size) << size;
 }
 
