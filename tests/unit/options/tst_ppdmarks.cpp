@@ -5,8 +5,8 @@
 
 #include <QTest>
 
-#include <cmath>
 #include <cstring>
+#include <utility>
 
 using TestSupport::words;
 
@@ -54,6 +54,30 @@ public:
 
 private:
     FILE *m_file;
+};
+
+/** Shortens the list of an option's parameters while it lives. */
+class ParametersOf
+{
+public:
+    explicit ParametersOf(ppd_coption_t *option)
+        : m_option(option)
+        , m_all(option->params)
+    {
+        option->params = cupsArrayNew(nullptr, nullptr);
+    }
+    ParametersOf(const ParametersOf &) = delete;
+    ParametersOf &operator=(const ParametersOf &) = delete;
+    ~ParametersOf() { cupsArrayDelete(std::exchange(m_option->params, m_all)); }
+    void keep(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            cupsArrayAdd(m_option->params, cupsArrayIndex(m_all, i));
+    }
+
+private:
+    ppd_coption_t *m_option;
+    cups_array_t *m_all;
 };
 
 ppd_cparam_t parameterOf(ppd_cptype_t type)
@@ -296,17 +320,16 @@ void tst_PpdMarks::customPageSizeReadsBack()
 void tst_PpdMarks::customPageSizeWithOneParameter()
 {
     ppdMarkOption(ppd(), "PageSize", "Custom.300x400");
-    cups_array_t *parameters = ppdFindCustomOption(ppd(), "PageSize")->params;
-    // Of the five parameters, the width stays.
-    while (cupsArrayCount(parameters) > 1)
-        cupsArrayRemove(parameters, cupsArrayIndex(parameters, 1));
+    ParametersOf parameters(ppdFindCustomOption(ppd(), "PageSize"));
+    parameters.keep(1);
     QCOMPARE(savedText(ppd(), "PageSize"), QStringLiteral("Custom.300.000"));
 }
 
 void tst_PpdMarks::customWithoutParameters()
 {
     ppdMarkOption(ppd(), "AReal", "Custom.1");
-    cupsArrayClear(ppdFindCustomOption(ppd(), "AReal")->params);
+    ParametersOf parameters(ppdFindCustomOption(ppd(), "AReal"));
+    parameters.keep(0);
     QCOMPARE(savedText(ppd(), "AReal"), QStringLiteral("Custom"));
 }
 

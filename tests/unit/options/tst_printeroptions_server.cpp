@@ -715,7 +715,8 @@ void tst_PrinterOptionsServer::openPpdOfAClass()
 void tst_PrinterOptionsServer::openPpdOfAClassWithoutPpd()
 {
     run(QStringLiteral("lpadmin"),
-        {QStringLiteral("-p"), plain, QStringLiteral("-c"), QStringLiteral("Bare")});
+        {QStringLiteral("-U"), QStringLiteral("root"), QStringLiteral("-p"), plain,
+         QStringLiteral("-c"), QStringLiteral("Bare")});
     PrinterOptions options = loaded(QStringLiteral("Bare"));
     QVERIFY(options.openPPD());
     QVERIFY(!options.ppd());
@@ -757,6 +758,7 @@ void tst_PrinterOptionsServer::openPpdWithADownloadedFile()
     environment.insert(QStringLiteral("CUPS_SERVERROOT"), QStringLiteral("/nonexistent"));
     environment.insert(QStringLiteral("TST_DOWNLOADS"), QStringLiteral("1"));
     QProcess self;
+    self.setProcessChannelMode(QProcess::MergedChannels);
     self.setProcessEnvironment(environment);
     self.start(QCoreApplication::applicationFilePath(),
                {QStringLiteral("openPpdWithADownloadedFile")});
