@@ -170,6 +170,28 @@ int growth(qsizetype before, qsizetype after)
 {
     return static_cast<int>(after - before);
 }
+
+/** Sends the request and adds the printers of its response that pass; returns how `out` grew. */
+int addPrinters(CUPSManager &manager, Requests::GetPrinters &request,
+                QMap<QString, CUPSPrinter> &out, const char *filter)
+{
+    request.addRequestedAttributes(PrinterInfo::attributeNames());
+    if (!manager.execute(request) || !ippFirstAttribute(request.response()))
+        return 0;
+    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
+
+    CUPSPrinter defaultPrinter;
+    manager.getDefaultPrinter(defaultPrinter);
+    const qsizetype before = out.size();
+    for (const PrinterInfo &record : records) {
+        CUPSPrinter printer(record);
+        if (!passes(printer, filter))
+            continue;
+        printer.attributes.isDefault = record.name == defaultPrinter.attributes.name;
+        out.insert(record.name, printer);
+    }
+    return growth(before, out.size());
+}
 } // namespace
 
 const QString CUPSManager::m_DriversDir = QStringLiteral("/usr/share/cups/model/");
@@ -189,28 +211,18 @@ int CUPSManager::getPrinters(QMap<QString, CUPSPrinter> &out, int type, int mask
                              const char *filter)
 {
     Requests::GetPrinters request(type, mask);
-    request.addRequestedAttributes(PrinterInfo::attributeNames());
-    if (!execute(request) || !ippFirstAttribute(request.response()))
-        return 0;
-    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
-
-    CUPSPrinter defaultPrinter;
-    getDefaultPrinter(defaultPrinter);
-    const qsizetype before = out.size();
-    for (const PrinterInfo &record : records) {
-        CUPSPrinter printer(record);
-        if (!passes(printer, filter))
-            continue;
-        printer.attributes.isDefault = record.name == defaultPrinter.attributes.name;
-        out.insert(record.name, printer);
-    }
-    return growth(before, out.size());
+    return addPrinters(*this, request, out, filter);
 }
 
 bool CUPSManager::findPrinter(const QString &name, CUPSPrinter &out, bool vendorOnly)
 {
+    // The list begins at the printer and ends there: all of a thousand printers with their
+    // attributes keep the user waiting.
+    Requests::GetPrinters request(0, 0);
+    request.addName("first-printer-name", name.toLatin1().constData(), IPP_TAG_OPERATION);
+    request.addInteger("limit", 1, IPP_TAG_INTEGER, IPP_TAG_OPERATION);
     QMap<QString, CUPSPrinter> printers;
-    getPrinters(printers, 0, 0,
+    addPrinters(*this, request, printers,
                 vendorOnly ? InstallationSettings::instance().vendorUpper : nullptr);
     const auto found = printers.constFind(name);
     if (found == printers.constEnd())
