@@ -22,7 +22,7 @@ def place(options, root, folder, system, program):
     target = os.path.join(folder, _KEPT_CLIENT)
     _replace(target)
     if options.client == "file":
-        shutil.copy(options.client_file, target)
+        shutil.copy(_brought(root), target)
     elif options.client == "system":
         os.symlink(original, target)
     elif options.client == "record":
@@ -62,21 +62,23 @@ def _system_client(system):
     raise RuntimeError("no lpr on this system: the package cups-bsd is missing")
 
 
-def bring_recorder(root):
-    """Puts the recorder into the world, before the view of the file system changes."""
-    target = _recorder(root)
-    if _is_built():
+def bring(options, root):
+    """Puts a copy of the client into the world, before the view of the file system changes."""
+    target = _brought(root)
+    if options.client == "file":
+        shutil.copy(options.client_file, target)
+    elif options.client == "record" and _is_built():
         shutil.copy(_BUILT, target)
-    else:
+    elif options.client == "record":
         _compile(target)
 
 
-def _recorder(root):
-    return os.path.join(root, "bin/record-argv")
+def _brought(root):
+    return os.path.join(root, "bin/client")
 
 
 def _place_recorder(root, target, original):
-    shutil.copy(_recorder(root), target)
+    shutil.copy(_brought(root), target)
     with open(target + ".record", "w") as settings:
         settings.write("%s\n%s\n" % (os.path.join(root, "client-argv"), original))
 

@@ -38,8 +38,7 @@ def run(options, root):
 
 
 def _place_programs(options, root, user):
-    if options.client == "record":
-        client.bring_recorder(root)
+    client.bring(options, root)
     if options.mode == "namespace":
         mounts.enter(options, root, user)
         client.place(options, root, "/usr/bin", mounts.original_programs(root),
