@@ -374,6 +374,10 @@ PageAndCopies PrintDialog::choice() const
 void PrintDialog::updatePageSelectionControls()
 {
     ui->PagesEdit->setEnabled(ui->SomePagesRadio->isChecked());
+    // Tab leads to the chosen one of the radio buttons, whoever has chosen it.
+    const QList<QAbstractButton *> radios = m_pageSelection->buttons();
+    for (QAbstractButton *radio : radios)
+        radio->setFocusPolicy(radio->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void PrintDialog::updateCopiesControls()

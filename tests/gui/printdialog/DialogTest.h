@@ -1,0 +1,111 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QMessageBox>
+#include <QProcess>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+
+/** What the tests of the print dialog share. */
+namespace DialogTest
+{
+/** The child with that object name, which must be there and of that type. */
+template <typename Widget> Widget *child(const QWidget &parent, const char *name)
+{
+    Widget *widget = parent.findChild<Widget *>(QString::fromLatin1(name));
+    if (!widget)
+        qFatal("no %s %s", Widget::staticMetaObject.className(), name);
+    return widget;
+}
+
+struct Box {
+    QMessageBox::Icon icon;
+    QString title;
+    QString text;
+};
+
+/** Runs `action` and answers the message box that it shows, if any, with OK. */
+inline std::optional<Box> boxShownBy(const std::function<void()> &action)
+{
+    std::optional<Box> shown;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        const auto box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        watch.stop();
+        // The texts that the user sees, rich text or not.
+        shown = Box{box->icon(), box->windowTitle(),
+                    box->textFormat() == Qt::PlainText ? box->text() : QString()};
+        box->button(QMessageBox::Ok)->click();
+    });
+    watch.start(0);
+    action();
+    return shown;
+}
+
+/** Runs a program of the print server's tools; it must succeed. Returns what it prints. */
+inline QByteArray run(const char *program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QString::fromLatin1(program), arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        qFatal("%s failed: %s", program, process.readAllStandardError().constData());
+    return process.readAllStandardOutput();
+}
+
+/** Starts the name of each queue that a test adds. */
+constexpr char AddedPrefix[] = "Test";
+
+/** Brings the private server and the saved options back to what the tests begin with. */
+class World
+{
+public:
+    World()
+    {
+        QFile file(savedOptionsFile());
+        if (!file.open(QIODevice::ReadOnly))
+            qFatal("these tests run in a private world, see world/README.md");
+        m_savedOptions = file.readAll();
+    }
+
+    void reset() const
+    {
+        using namespace Qt::StringLiterals;
+        QFile file(savedOptionsFile());
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+            file.write(m_savedOptions) != m_savedOptions.size())
+            qFatal("cannot write the saved options");
+        run("cupsdisable", {u"Stopped"_s});
+        run("cupsaccept", {u"Stopped"_s});
+        run("cupsenable", {u"Rejecting"_s, u"Office"_s});
+        run("cupsreject", {u"Rejecting"_s});
+        const QStringList queues = QString::fromLocal8Bit(run("lpstat", {u"-e"_s})).split(u'\n');
+        for (const QString &queue : queues) {
+            if (queue.startsWith(QLatin1StringView(AddedPrefix)))
+                run("lpadmin", {u"-x"_s, queue});
+        }
+    }
+
+private:
+    static QString savedOptionsFile()
+    {
+        return qEnvironmentVariable("HOME") + QStringLiteral("/.cups/lpoptions");
+    }
+
+    QByteArray m_savedOptions;
+};
+
+/** Adds a queue that accepts jobs. */
+inline void addQueue(const QString &name, const QStringList &more = {})
+{
+    using namespace Qt::StringLiterals;
+    run("lpadmin", QStringList{u"-p"_s, name, u"-E"_s, u"-v"_s, u"file:///dev/null"_s} + more);
+}
+} // namespace DialogTest

@@ -1,0 +1,216 @@
+#include "DialogTest.h"
+#include "LongTexts.h"
+#include "Looks.h"
+#include "PrintDialog.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QStyleFactory>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace DialogTest;
+
+/** The dialog in different looks: nothing is cut, nothing lies over something else. */
+class TestPrintDialogLooks : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void layout_data();
+    void layout();
+    void picturesFitTheScreen_data();
+    void picturesFitTheScreen();
+    void picturesSuitAnyBackground_data();
+    void picturesSuitAnyBackground();
+    void narrowestWindow();
+};
+
+namespace
+{
+/** A changed look, for as long as it lives. */
+class Look
+{
+public:
+    Look(bool dark, bool mirrored, bool wordy)
+    {
+        if (dark)
+            QApplication::setPalette(Looks::darkPalette());
+        if (mirrored)
+            QApplication::setLayoutDirection(Qt::RightToLeft);
+        if (wordy)
+            QCoreApplication::installTranslator(&m_longTexts);
+    }
+    ~Look()
+    {
+        QApplication::setPalette(QPalette());
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QCoreApplication::removeTranslator(&m_longTexts);
+    }
+    Look(const Look &) = delete;
+    Look &operator=(const Look &) = delete;
+
+private:
+    LongTexts m_longTexts;
+};
+
+/** The widgets that show something themselves: not the frames around them, not their parts. */
+QList<QWidget *> leaves(const PrintDialog &dialog)
+{
+    QList<QWidget *> result;
+    const QList<QWidget *> all = dialog.findChildren<QWidget *>();
+    for (QWidget *widget : all) {
+        const QString name = widget->objectName();
+        if (widget->isVisible() && !name.isEmpty() && !name.startsWith(u"qt_") &&
+            !qobject_cast<QGroupBox *>(widget))
+            result.append(widget);
+    }
+    return result;
+}
+
+QRect areaOf(const QWidget *widget)
+{
+    return {widget->mapTo(widget->window(), QPoint()), widget->size()};
+}
+
+/** Whether all that the widget has to show fits into it. */
+bool hasRoom(const QWidget *widget)
+{
+    const auto label = qobject_cast<const QLabel *>(widget);
+    if (label && label->wordWrap())
+        return label->height() >= label->heightForWidth(label->width());
+    const QSize needed = widget->minimumSizeHint();
+    return widget->width() >= needed.width() && widget->height() >= needed.height();
+}
+
+void verifyLayout(const PrintDialog &dialog)
+{
+    const QList<QWidget *> widgets = leaves(dialog);
+    QCOMPARE(widgets.size(), 25);
+    for (const QWidget *widget : widgets) {
+        QVERIFY2(hasRoom(widget), qPrintable(widget->objectName()));
+        QVERIFY2(dialog.rect().contains(areaOf(widget)), qPrintable(widget->objectName()));
+        for (const QWidget *other : widgets)
+            QVERIFY2(other == widget || !areaOf(other).intersects(areaOf(widget)),
+                     qPrintable(widget->objectName() + u' ' + other->objectName()));
+    }
+}
+
+QList<QRgb> opaqueColours(const QImage &image)
+{
+    QList<QRgb> colours;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 255)
+                colours.append(image.pixel(x, y));
+        }
+    }
+    return colours;
+}
+} // namespace
+
+void TestPrintDialogLooks::initTestCase()
+{
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    addQueue(u"TestWordy"_s,
+             {u"-L"_s, u"In the cellar, behind the door "_s.repeated(4).trimmed(), u"-D"_s,
+              u"The printer that everybody uses "_s.repeated(4).trimmed()});
+}
+
+void TestPrintDialogLooks::layout_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<bool>("dark");
+    QTest::addColumn<bool>("mirrored");
+    QTest::addColumn<bool>("wordy");
+    QTest::newRow("plain") << "Laser" << false << false << false;
+    QTest::newRow("dark") << "Laser" << true << false << false;
+    QTest::newRow("mirrored") << "Laser" << false << true << false;
+    QTest::newRow("wordy") << "Laser" << false << false << true;
+    QTest::newRow("wordy, mirrored") << "Rejecting" << false << true << true;
+    QTest::newRow("texts of the server") << "TestWordy" << false << false << false;
+    QTest::newRow("everything") << "TestWordy" << true << true << true;
+}
+
+void TestPrintDialogLooks::layout()
+{
+    QFETCH(QString, printer);
+    QFETCH(bool, dark);
+    QFETCH(bool, mirrored);
+    QFETCH(bool, wordy);
+    const Look look(dark, mirrored, wordy);
+    PrintDialog dialog(printer, PrinterOptions());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    QTRY_COMPARE(dialog.minimumHeight(), dialog.sizeHint().height());
+    QTRY_VERIFY(dialog.height() >= dialog.minimumHeight());
+    verifyLayout(dialog);
+
+    // The captions are on the side where reading begins.
+    const auto caption = child<QLabel>(dialog, "StatusLabel");
+    const auto value = child<QLabel>(dialog, "StatusText");
+    QCOMPARE(areaOf(caption).x() > areaOf(value).x(), mirrored);
+    QCOMPARE(value->alignment() & Qt::AlignHorizontal_Mask,
+             (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute);
+}
+
+void TestPrintDialogLooks::picturesFitTheScreen_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QSizeF>("size");
+    QTest::newRow("copies") << "CopiesImage" << QSizeF(160, 56);
+    QTest::newRow("printer") << "PrinterImage" << QSizeF(48, 48);
+}
+
+void TestPrintDialogLooks::picturesFitTheScreen()
+{
+    QFETCH(QString, label);
+    PrintDialog dialog(QString(), PrinterOptions{});
+    const QPixmap picture = child<QLabel>(dialog, qPrintable(label))->pixmap();
+    QCOMPARE(picture.devicePixelRatio(), qApp->devicePixelRatio());
+    QTEST(picture.deviceIndependentSize(), "size");
+}
+
+void TestPrintDialogLooks::picturesSuitAnyBackground_data()
+{
+    QTest::addColumn<QString>("file");
+    for (const char *name : {"collate", "collate_rev", "uncollate", "uncollate_rev", "printer"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestPrintDialogLooks::picturesSuitAnyBackground()
+{
+    QFETCH(QString, file);
+    PrintDialog registersThePictures(QString(), PrinterOptions{});
+    const QImage plain(u":/printdialog/images/%1.png"_s.arg(file));
+    const QImage doubled(u":/printdialog/images/%1@2x.png"_s.arg(file));
+    QVERIFY(!plain.isNull());
+    QCOMPARE(doubled.size(), plain.size() * 2);
+    QCOMPARE(qAlpha(plain.pixel(0, 0)), 0);
+    // White paper with dark signs: the contrast is in the picture, whatever is behind it.
+    const QList<QRgb> colours = opaqueColours(plain);
+    const auto isLight = [](QRgb colour) { return qGray(colour) > 240; };
+    const auto isDark = [](QRgb colour) { return qGray(colour) < 128; };
+    QVERIFY(std::count_if(colours.begin(), colours.end(), isLight) > 200);
+    QVERIFY(std::count_if(colours.begin(), colours.end(), isDark) > 50);
+}
+
+void TestPrintDialogLooks::narrowestWindow()
+{
+    PrintDialog dialog(u"TestWordy"_s, PrinterOptions());
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    dialog.resize(1, 1);
+    QTRY_COMPARE(dialog.minimumHeight(), dialog.sizeHint().height());
+    QTRY_VERIFY(dialog.height() >= dialog.minimumHeight());
+    verifyLayout(dialog);
+    dialog.resize(1600, dialog.height());
+    verifyLayout(dialog);
+}
+
+QTEST_MAIN(TestPrintDialogLooks)
+#include "tst_printdialoglooks.moc"
