@@ -33,12 +33,14 @@ def link_tree(options, tree):
     """Links the installed tree's entries into `tree`, with the relocated program as bin/vesk."""
     programs = os.path.join(tree, "bin")
     os.makedirs(programs)
-    if options.install:
-        _link_entries(options.install, tree)
-        _link_entries(os.path.join(options.install, "bin"), programs)
-    if options.program:
+    if not options.install:
+        return
+    _link_entries(options.install, tree)
+    _link_entries(os.path.join(options.install, "bin"), programs)
+    relocated = os.path.join(options.install, "bin", "vesk-relocated")
+    if os.path.exists(relocated):
         _replace(os.path.join(programs, "vesk"))
-        os.symlink(options.program, os.path.join(programs, "vesk"))
+        os.symlink(relocated, os.path.join(programs, "vesk"))
 
 
 def _link_entries(source, target):

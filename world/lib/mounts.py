@@ -13,6 +13,7 @@ _BIND = 4096
 _REC = 16384
 _PRIVATE = 1 << 18
 
+_PROJECT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 _PROGRAMS = "/usr/bin"
 #: The machine's folder and the world's folder that takes its place.
 _COVERED = (
@@ -55,8 +56,7 @@ def enter(options, root, user):
         _bind(options.install, _folder(root, "opt/Tarvel/mfp"))
     place = os.getcwd()
     _show_display(root)
-    _show((place, os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))),
-          root)
+    _show((place, _PROJECT, *options.show), root)
     _cover_programs(options, root)
     _cover_saved_options(root, user)
     _cover_folders(root)
@@ -91,14 +91,23 @@ def _inside(path):
     return None
 
 
-def _show(folders, root):
-    """Keeps folders visible that lie below covered ones, such as a project in /tmp."""
+def _show(paths, root):
+    """Keeps files and folders visible that lie below covered ones, such as a project in /tmp."""
     shown = []
-    for folder in sorted({os.path.realpath(path) for path in folders}, key=len):
-        name = _inside(folder)
-        if name and not any(folder.startswith(other + "/") for other in shown):
-            _bind(folder, _folder(root, name))
-            shown.append(folder)
+    for path in sorted({os.path.realpath(path) for path in paths}, key=len):
+        name = _inside(path)
+        if name and not any(path.startswith(other + "/") for other in shown):
+            _bind(path, _place_for(path, os.path.join(root, name)))
+            shown.append(path)
+
+
+def _place_for(path, target):
+    """An empty folder or file `target`, as `path` is one or the other."""
+    if os.path.isdir(path):
+        return _folder(target)
+    _folder(os.path.dirname(target))
+    open(target, "w").close()
+    return target
 
 
 def _show_display(root):
@@ -107,10 +116,7 @@ def _show_display(root):
     socket = "/tmp/.X11-unix/X" + number
     if not number or not os.path.exists(socket):
         return
-    target = os.path.join(_folder(root, "tmp/.X11-unix"), "X" + number)
-    os.chmod(os.path.dirname(target), 0o1777)
-    open(target, "w").close()
-    _bind(socket, target)
+    _bind(socket, _place_for(socket, os.path.join(root, "tmp/.X11-unix", "X" + number)))
 
 
 def _cover_programs(options, root):

@@ -20,8 +20,8 @@ def _parser():
         help="only tell by the exit status whether the kernel allows the private namespaces")
     add("--install", metavar="DIR",
         help="the program's installed tree, shown as /opt/Tarvel/mfp")
-    add("--program", metavar="FILE",
-        help="with --relocated: FILE in the place of the installed bin/vesk")
+    add("--show", metavar="PATH", action="append", default=[],
+        help="a file or folder that stays visible where private folders cover the machine's")
     add("--user", metavar="NAME", help="the user that COMMAND runs as (for root)")
     add("--queues", metavar="N", type=int, default=0, help="add N plain queues Queue0001...")
     add("--no-samples", dest="samples", action="store_false", help="without the sample queues")
@@ -55,8 +55,7 @@ def parse(arguments):
     if options.client_file:
         options.client = "file"
         options.client_file = _existing(parser, options.client_file)
-    if options.program:
-        options.program = _existing(parser, options.program)
+    options.show = [_existing(parser, path) for path in options.show]
     if options.install:
         options.install = _existing(parser, options.install)
     if options.auth and options.mode == "relocated":

@@ -15,7 +15,8 @@ _SETTLED = 10
 
 _FOLDERS = (
     ("bin", 0o755), ("etc/cups/ppd", 0o755), ("home", 0o755), ("lib/cups", 0o755),
-    ("opt/Tarvel", 0o755), ("pages", 0o1777), ("tmp", 0o1777), ("usr/bin", 0o755),
+    ("opt/Tarvel", 0o755), ("pages", 0o1777), ("pictures", 0o1777), ("tmp", 0o1777), ("tmp/.X11-unix", 0o1777),
+    ("usr/bin", 0o755),
     ("var/cache/cups", 0o775), ("var/log/cups", 0o755), ("var/run/cups", 0o755),
     ("var/spool/cups/tmp", 0o1770), ("var/tmp", 0o1777),
 )
@@ -76,8 +77,8 @@ def remove(root):
 def save(root, target, user):
     """Copies pages, logs and the client's arguments of the world to the folder `target`."""
     os.makedirs(target, exist_ok=True)
-    for name, source in (("pages", "pages"), ("server-logs", "var/log/cups"),
-                         ("logs", "var/tmp")):
+    for name, source in (("pages", "pages"), ("pictures", "pictures"),
+                         ("server-logs", "var/log/cups"), ("logs", "var/tmp")):
         shutil.copytree(os.path.join(root, source), os.path.join(target, name),
                         dirs_exist_ok=True)
     shutil.copy(os.path.join(root, "client-argv"), target)

@@ -329,6 +329,13 @@ class Privacy(unittest.TestCase):
             self.assertEqual(run.stdout.splitlines(), [os.path.realpath(folder), "file"])
             self.assertTrue(os.path.exists(os.path.join(folder, "file")))
 
+    def test_shown_file_stays_visible(self):
+        with tempfile.NamedTemporaryFile("w", suffix=" shown") as file:
+            file.write("text")
+            file.flush()
+            run = world("--show", file.name, command=["/bin/cat", file.name], cwd="/")
+            self.assertEqual(run.stdout, "text")
+
     def test_without_overlays(self):
         if _mode:
             self.assertEqual(shell("--no-overlay", script="true").returncode, 0)
