@@ -1,5 +1,6 @@
 #include "PrinterOptions.h"
 
+#include "DecimalCommaLocale.h"
 #include "OptionsTestSupport.h"
 
 #include <QDir>
@@ -177,6 +178,7 @@ private slots:
     void saveWritesCustomValues();
     void savedCustomValuesMarkAgain_data();
     void savedCustomValuesMarkAgain();
+    void savesPointsInEveryLocale();
     void saveLogsUnknownTypes();
     void saveWithoutPpdWritesPpdOptions();
     void openPpdOfAPrinter();
@@ -192,7 +194,10 @@ private slots:
     void copiesCloseOnce();
 
 private:
-    QString temporaryFolder() const { return qEnvironmentVariable("TMPDIR"); }
+    static QString temporaryFolder() { return qEnvironmentVariable("TMPDIR"); }
+    static QStringList temporaryFiles();
+
+    QStringList m_temporaryFiles;
 };
 
 void tst_PrinterOptionsServer::initTestCase()
@@ -201,6 +206,10 @@ void tst_PrinterOptionsServer::initTestCase()
     QVERIFY2(qEnvironmentVariableIsSet("VESK_WORLD"), "start this test with world/world");
     QVERIFY(QDir::homePath().startsWith(qEnvironmentVariable("VESK_WORLD")));
     QVERIFY(!temporaryFolder().isEmpty());
+    // Built now: later its folder would be taken for a file that was left behind.
+    const DecimalCommaLocale locale;
+    QVERIFY2(locale.isActive(), locale.error());
+    m_temporaryFiles = temporaryFiles();
 }
 
 void tst_PrinterOptionsServer::init()
@@ -211,10 +220,13 @@ void tst_PrinterOptionsServer::init()
 
 void tst_PrinterOptionsServer::cleanup()
 {
-    const QStringList left =
-        QDir(temporaryFolder())
-            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-    QCOMPARE(left, QStringList());
+    QCOMPARE(temporaryFiles(), m_temporaryFiles);
+}
+
+QStringList tst_PrinterOptionsServer::temporaryFiles()
+{
+    return QDir(temporaryFolder())
+        .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
 void tst_PrinterOptionsServer::loadGivesWhatLpoptionsPrints_data()
@@ -580,14 +592,15 @@ void tst_PrinterOptionsServer::saveWritesCustomValues_data()
         QTest::newRow(title) << QString::fromUtf8(name) << QString::fromUtf8(value)
                              << QString::fromUtf8(saved);
     };
-    row("curve", "Gamma", "Custom.1.5", "Custom.1.500");
+    row("curve", "ToneCurve", "Custom.1.5", "Custom.1.500");
     row("inverse curve", "InkLimit", "Custom.0.25", "Custom.0.250");
     row("passcode", "Release", "Custom.0042", "Custom.0042");
     row("password", "Lock", "Custom.geh\xc3\xa4im", "Custom.geh\xc3\xa4im");
     row("string", "Watermark", "Custom.Zwei W\xc3\xb6rter", "Custom.Zwei W\xc3\xb6rter");
     row("integer and real", "Screen", "{Ruling=85 Angle=12.5}", "{Ruling=85,Angle=12.500}");
     row("points", "Shift", "{Across=1in Up=2.5}", "{Across=72.000,Up=2.500}");
-    row("reals", "Scaling", "{Factor=0.5 Fixed=1}", "{Factor=0.500,Fixed=1.000}");
+    row("real", "Sharpness", "Custom.2.5", "Custom.2.500");
+    row("reals", "Zoom", "{Factor=0.5 Fixed=1}", "{Factor=0.500,Fixed=1.000}");
     row("page size", "PageSize", "Custom.300.5x400", "Custom.300.5x400pt");
     row("page size in mm", "PageSize", "Custom.100x150mm", "Custom.283.46457x425.19684pt");
 }
@@ -610,8 +623,9 @@ void tst_PrinterOptionsServer::savedCustomValuesMarkAgain_data()
     const auto row = [](const char *name, const char *value) {
         QTest::newRow(name) << QString::fromUtf8(name) << QString::fromUtf8(value);
     };
-    row("Gamma", "Custom.1.5");
+    row("ToneCurve", "Custom.1.5");
     row("InkLimit", "Custom.0.25");
+    row("Sharpness", "Custom.2.5");
     row("Release", "Custom.0042");
     row("Lock", "Custom.geheim");
     row("Watermark", "Custom.Zwei W\xc3\xb6rter");
@@ -631,18 +645,33 @@ void tst_PrinterOptionsServer::savedCustomValuesMarkAgain()
     QCOMPARE(contentsOf(savedOptionsFile()), first);
 }
 
+void tst_PrinterOptionsServer::savesPointsInEveryLocale()
+{
+    const DecimalCommaLocale locale;
+    QVERIFY2(locale.isActive(), locale.error());
+    PrinterOptions options = opened(photo);
+    options.setOption(QStringLiteral("PageSize"), QStringLiteral("Custom.300.5x400.25"));
+    options.setOption(QStringLiteral("ToneCurve"), QStringLiteral("Custom.1.5"));
+    QVERIFY(options.save(photo));
+    const QStringList saved = words("PageSize=Custom.300.5x400.25pt ToneCurve=Custom.1.500");
+    QCOMPARE(fileOptions("Photo"), saved);
+    QVERIFY(opened(photo).save(photo));
+    QCOMPARE(fileOptions("Photo"), saved);
+}
+
 void tst_PrinterOptionsServer::saveLogsUnknownTypes()
 {
     const QString log =
         qEnvironmentVariable("VESK_RELOCATED_ROOT") + QStringLiteral("/var/tmp/PrinterOptions.log");
     PrinterOptions options = opened(photo);
-    options.setOption(QStringLiteral("Gamma"), QStringLiteral("Custom.1.5"));
-    ppd_coption_t *gamma = ppdFindCustomOption(options.ppd(), "Gamma");
-    ppdFindCustomParam(gamma, "Gamma")->type = PPD_CUSTOM_UNKNOWN;
+    options.setOption(QStringLiteral("ToneCurve"), QStringLiteral("Custom.1.5"));
+    ppd_coption_t *curve = ppdFindCustomOption(options.ppd(), "ToneCurve");
+    QVERIFY(curve);
+    ppdFindCustomParam(curve, "Curve")->type = PPD_CUSTOM_UNKNOWN;
     QCOMPARE(contentsOf(log), QByteArray());
     QVERIFY(options.save(photo));
     QCOMPARE(contentsOf(log), QByteArray("Unknown type -1!\n"));
-    QCOMPARE(fileOptions("Photo"), words("Gamma=Custom."));
+    QCOMPARE(fileOptions("Photo"), words("ToneCurve=Custom."));
 }
 
 void tst_PrinterOptionsServer::saveWithoutPpdWritesPpdOptions()
