@@ -7,7 +7,7 @@
 
 #include <limits>
 
-/** Each test has an empty tree of its own, with the working directory in its folder `work`. */
+/** Each test has an empty tree of its own, with the working directory in its folder `cwd`. */
 class tst_InstallationSettings : public QObject
 {
     Q_OBJECT
@@ -100,10 +100,10 @@ void tst_InstallationSettings::init()
 {
     m_tree = std::make_unique<QTemporaryDir>();
     QVERIFY(m_tree->isValid());
-    for (const char *folder : {"bin", "share", "work"})
+    for (const char *folder : {"bin", "share", "cwd"})
         QVERIFY(QDir(m_tree->path()).mkdir(QLatin1String(folder)));
     m_oldWorkingDirectory = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(m_tree->filePath(QStringLiteral("work"))));
+    QVERIFY(QDir::setCurrent(m_tree->filePath(QStringLiteral("cwd"))));
 }
 
 void tst_InstallationSettings::cleanup()
@@ -164,12 +164,12 @@ void tst_InstallationSettings::relativePath_data()
     QTest::addColumn<QByteArray>("programPath");
     QTest::addColumn<QByteArray>("program");
 
-    QTest::newRow("name") << QByteArray("vesk") << QByteArray("/work");
-    QTest::newRow("dot") << QByteArray("./vesk") << QByteArray("/work");
-    QTest::newRow("one dot only") << QByteArray("././vesk") << QByteArray("/work/.");
-    QTest::newRow("folder") << QByteArray("sub/vesk") << QByteArray("/work/sub");
-    QTest::newRow("parent") << QByteArray("../bin/vesk") << QByteArray("/work/../bin");
-    QTest::newRow("empty") << QByteArray("") << QByteArray("/work");
+    QTest::newRow("name") << QByteArray("vesk") << QByteArray("/cwd");
+    QTest::newRow("dot") << QByteArray("./vesk") << QByteArray("/cwd");
+    QTest::newRow("one dot only") << QByteArray("././vesk") << QByteArray("/cwd/.");
+    QTest::newRow("folder") << QByteArray("sub/vesk") << QByteArray("/cwd/sub");
+    QTest::newRow("parent") << QByteArray("../bin/vesk") << QByteArray("/cwd/../bin");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("/cwd");
 }
 
 void tst_InstallationSettings::relativePath()
@@ -190,12 +190,12 @@ void tst_InstallationSettings::relativePathInRootDirectory()
 void tst_InstallationSettings::nullPath()
 {
     QCOMPARE(InstallationSettings::load(nullptr), -1);
-    QCOMPARE(QByteArray(settings().programDirectory), root() + "/work");
+    QCOMPARE(QByteArray(settings().programDirectory), root() + "/cwd");
 }
 
 void tst_InstallationSettings::removedWorkingDirectory()
 {
-    QVERIFY(QDir(m_tree->path()).rmdir(QStringLiteral("work")));
+    QVERIFY(QDir(m_tree->path()).rmdir(QStringLiteral("cwd")));
     InstallationSettings::load("sub/vesk");
     QCOMPARE(settings().programDirectory, "/sub");
 }
@@ -232,10 +232,10 @@ void tst_InstallationSettings::firstFileWins_data()
 
     const QString share = QStringLiteral("share/OEM.ini");
     const QString top = QStringLiteral("OEM.ini");
-    const QString work = QStringLiteral("work/OEM.ini");
+    const QString work = QStringLiteral("cwd/OEM.ini");
     QTest::newRow("all") << QStringList{share, top, work} << QByteArray("share/OEM.ini");
     QTest::newRow("root") << QStringList{top, work} << QByteArray("OEM.ini");
-    QTest::newRow("working directory") << QStringList{work} << QByteArray("work/OEM.ini");
+    QTest::newRow("working directory") << QStringList{work} << QByteArray("cwd/OEM.ini");
 }
 
 void tst_InstallationSettings::firstFileWins()
