@@ -167,11 +167,22 @@ Cups::DestinationArray queueWithServerOptions(http_t *http, const char *name)
     return queue;
 }
 
+/** A copy of the destination alone; nothing when there is none. */
 Cups::DestinationArray only(const cups_dest_t *destination)
 {
     Cups::DestinationArray one;
-    if (destination)
-        one.countRef() = cupsCopyDest(const_cast<cups_dest_t *>(destination), 0, one.dataRef());
+    if (!destination)
+        return one;
+    one.add(destination->name, destination->instance);
+    // The library adds the queue of an instance as well.
+    if (destination->instance)
+        one.countRef() = cupsRemoveDest(destination->name, nullptr, one.count(), one.dataRef());
+    cups_dest_t *copy = one.data();
+    copy->is_default = destination->is_default;
+    for (int i = 0; i < destination->num_options; ++i)
+        copy->num_options =
+            cupsAddOption(destination->options[i].name, destination->options[i].value,
+                          copy->num_options, &copy->options);
     return one;
 }
 
@@ -250,6 +261,17 @@ bool writeSaved(const Cups::DestinationArray &destinations)
 }
 
 struct Discovery::Shared {
+    /** Hands the listing over to the object, if that is still there. */
+    void report(const QList<Entry> &entries)
+    {
+        const std::scoped_lock lock(mutex);
+        if (!receiver)
+            return;
+        QMetaObject::invokeMethod(
+            receiver, [discovery = receiver, entries] { emit discovery->finished(entries); },
+            Qt::QueuedConnection);
+    }
+
     std::mutex mutex;
     Discovery *receiver = nullptr;
 };
@@ -269,17 +291,17 @@ Discovery::~Discovery()
 
 void Discovery::start()
 {
-    std::thread([shared = m_shared] {
-        // A password cannot be asked for here, and the library would do so on the terminal.
-        cupsSetPasswordCB2([](auto...) -> const char * { return nullptr; }, nullptr);
-        const QList<Entry> entries = listWithDiscovery();
-        const std::scoped_lock lock(shared->mutex);
-        Discovery *receiver = shared->receiver;
-        if (!receiver)
-            return;
-        QMetaObject::invokeMethod(
-            receiver, [receiver, entries] { emit receiver->finished(entries); },
-            Qt::QueuedConnection);
-    }).detach();
+    if (std::exchange(m_isStarted, true))
+        return;
+    try {
+        std::thread([shared = m_shared] {
+            // A password cannot be asked for here, and the library would do so on the terminal.
+            cupsSetPasswordCB2([](auto...) -> const char * { return nullptr; }, nullptr);
+            shared->report(listWithDiscovery());
+        }).detach();
+    } catch (const std::system_error &) {
+        qWarning("Discovery: no thread could be started");
+        m_shared->report({});
+    }
 }
 } // namespace Destinations

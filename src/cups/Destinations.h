@@ -74,6 +74,7 @@ class Discovery : public QObject
 public:
     explicit Discovery(QObject *parent = nullptr);
     ~Discovery() override;
+    /** Starts the one listing of this object; later calls do nothing. */
     void start();
 
 signals:
@@ -83,5 +84,6 @@ signals:
 private:
     struct Shared;
     std::shared_ptr<Shared> m_shared;
+    bool m_isStarted = false;
 };
 } // namespace Destinations

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <mutex>
+#include <set>
+#include <thread>
+#include <vector>
+
+/**
+ * A print server that answers what a test wants, on a local socket of its own, and keeps what it
+ * was sent. It serves each connection on a thread; the handler is called on these threads, one call
+ * at a time.
+ */
+class FakeIppServer
+{
+public:
+    struct Request {
+        QByteArray method;
+        QByteArray resource;
+        /** By name in lower case. */
+        QMap<QByteArray, QByteArray> headers;
+        QByteArray message;
+        QByteArray document;
+        int operation() const;
+    };
+
+    struct Answer {
+        int status = 200;
+        /** The IPP response. */
+        QByteArray body;
+        /** Further header lines, each with its line end. */
+        QByteArray headers;
+        /** No answer at all: the connection stays open and silent. */
+        bool isSilent = false;
+        /** Instead of all of the above: these bytes, then the connection is closed. */
+        QByteArray raw;
+        bool isRaw = false;
+    };
+    using Handler = std::function<Answer(const Request &)>;
+
+    static Answer ok(const QByteArray &response);
+    static Answer failure(int httpStatus);
+    static Answer silence();
+    static Answer raw(const QByteArray &bytes);
+
+    /** Answers every request with an empty successful response unless it is given a handler. */
+    FakeIppServer();
+    ~FakeIppServer();
+    FakeIppServer(const FakeIppServer &) = delete;
+    FakeIppServer &operator=(const FakeIppServer &) = delete;
+
+    /** For CUPS_SERVER and cupsSetServer. */
+    QByteArray address() const { return m_address; }
+    /** Makes this server the library's, for this thread and those that start from now on. */
+    void use() const;
+
+    void setHandler(Handler handler);
+    /** How many requests `takeRequests` would give. */
+    qsizetype requestCount();
+    /** What has arrived since the last call. */
+    QList<Request> takeRequests();
+
+private:
+    void acceptConnections();
+    void serve(int connection);
+    bool readRequest(int connection, Request &request, QByteArray &buffered);
+    bool answer(int connection, const Request &request);
+
+    QTemporaryDir m_folder;
+    QByteArray m_address;
+    int m_listener = -1;
+    std::mutex m_mutex;
+    Handler m_handler;
+    QList<Request> m_requests;
+    std::set<int> m_connections;
+    bool m_isEnding = false;
+    std::vector<std::thread> m_workers;
+    std::thread m_acceptor;
+};
