@@ -391,13 +391,13 @@ class End(unittest.TestCase):
         for pid in filter(str.isdigit, os.listdir("/proc")):
             if int(pid) == os.getpid():
                 continue
-            try:
-                text = b""
-                for name in ("cmdline", "environ"):
+            text = b""
+            for name in ("cmdline", "environ"):
+                try:
                     with open("/proc/%s/%s" % (pid, name), "rb") as file:
                         text += file.read()
-            except OSError:
-                continue
+                except OSError:
+                    pass  # ended meanwhile, or root's
             if folder.encode() in text or self.marker.encode() in text:
                 found.append((pid, text))
         return found
