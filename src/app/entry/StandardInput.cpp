@@ -47,6 +47,24 @@ private:
     sigset_t m_before;
 };
 
+/** Lets a write beyond the limit of file sizes fail with EFBIG instead of ending the process. */
+class SizeLimitSignalIgnored
+{
+public:
+    SizeLimitSignalIgnored()
+    {
+        struct sigaction ignore = {};
+        ignore.sa_handler = SIG_IGN;
+        sigaction(SIGXFSZ, &ignore, &m_before);
+    }
+    SizeLimitSignalIgnored(const SizeLimitSignalIgnored &) = delete;
+    SizeLimitSignalIgnored &operator=(const SizeLimitSignalIgnored &) = delete;
+    ~SizeLimitSignalIgnored() { sigaction(SIGXFSZ, &m_before, nullptr); }
+
+private:
+    struct sigaction m_before;
+};
+
 bool waitForData(int descriptor, int patienceMs)
 {
     fd_set descriptors;
@@ -109,6 +127,7 @@ StandardInput::Result fail(const char *what, int error, std::string &text)
 /** Copies `length` bytes in `buffer` and all that follow into the file, and closes it. */
 StandardInput::Result store(int input, int file, char *buffer, ssize_t length, std::string &error)
 {
+    const SizeLimitSignalIgnored ignored;
     while (length > 0) {
         if (!writeWhole(file, buffer, static_cast<size_t>(length))) {
             const int reason = errno;

@@ -187,7 +187,7 @@ void TestStandardInput::refusesWhatCannotBeStored()
     // The limit on a file's size stands for a full disk: the write fails in the middle of the data.
     rlimit before;
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
-    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_DFL);
     const rlimit small = {10000, before.rlim_max};
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
     const Feed feed(QByteArray(100000, 'x'));
