@@ -1,0 +1,146 @@
+"""What the test cases have in common."""
+
+import os
+import shutil
+import tempfile
+import unittest
+
+from . import place, widgets
+from .desktop import Desktop
+from .run import Run
+from .waiting import until
+
+TITLE = "LPR GUI"
+
+
+class Case(unittest.TestCase):
+    """Runs of the program without a display."""
+
+    maxDiff = None
+
+    def setUp(self):
+        base = os.path.join(place.WORLD, "e2e")
+        os.makedirs(base, exist_ok=True)
+        self.folder = tempfile.mkdtemp(dir=base)
+        self.addCleanup(shutil.rmtree, self.folder)
+        self._runs = 0
+
+    def file(self, name="page.txt", content=b"one page\n"):
+        """A file to print; its path."""
+        path = os.path.join(os.fsencode(self.folder), os.fsencode(name))
+        with open(path, "wb") as file:
+            file.write(content)
+        return path if isinstance(name, bytes) else os.fsdecode(path)
+
+    def start(self, *arguments, **settings):
+        """Starts a run, see Run."""
+        self._runs += 1
+        folder = os.path.join(self.folder, "run%d" % self._runs)
+        os.mkdir(folder)
+        run = Run(folder, arguments, **settings)
+        self.addCleanup(run.stop)
+        return run
+
+    def complete(self, *arguments, **settings):
+        """A whole run without a dialog."""
+        return self.start(*arguments, **settings).finish()
+
+
+class DialogCase(Case):
+    """Runs with a display; one is shared by the cases of a class."""
+
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.mkdtemp(dir=place.WORLD, prefix="desktop-")
+        cls.addClassCleanup(shutil.rmtree, folder)
+        cls.desktop = Desktop(folder)
+        cls.addClassCleanup(cls.desktop.stop)
+
+    def start(self, *arguments, environment=None, **settings):
+        surroundings = {**self.desktop.environment(), **(environment or {})}
+        return super().start(*arguments, environment=surroundings, **settings)
+
+    def window(self, run, title):
+        return widgets.find_window(self.desktop, run, title)
+
+    def dialog(self, run):
+        return PrintDialog(self, run)
+
+    def accepted(self, *arguments, work=None, **settings):
+        """A whole run whose dialog is accepted after `work(dialog)`."""
+        run = self.start(*arguments, **settings)
+        dialog = self.dialog(run)
+        if work:
+            work(dialog)
+        dialog.accept()
+        return run.finish()
+
+
+class PrintDialog:
+    """The print dialog of a run, worked like a person does."""
+
+    def __init__(self, case, run):
+        self._case = case
+        self._run = run
+        self._window = case.window(run, TITLE)
+
+    def button(self, name):
+        return self._window.find("push button", name)
+
+    def radio(self, name):
+        return self._window.find("radio button", name)
+
+    def check_box(self, name):
+        return self._window.find("check box", name)
+
+    @property
+    def pages(self):
+        return self._window.find("text", "Pages to print")
+
+    @property
+    def copies(self):
+        return self._window.find("spin box")
+
+    @property
+    def _combo(self):
+        return self._window.find("combo box")
+
+    @property
+    def destination(self):
+        return self._combo.name
+
+    @property
+    def destinations(self):
+        return [item.name for item in self._combo.descendants() if item.role == "list item"]
+
+    @property
+    def status(self):
+        return self._window.find("label", description="Status of the printer").name
+
+    def set_copies(self, number):
+        spin_box = self.copies
+        spin_box.click()
+        spin_box.wait_for(widgets.FOCUSED)
+        widgets.press(self._case.desktop, "ctrl+a", *str(number))
+        until(lambda: spin_box.value == number, "%d copies" % number)
+
+    def choose(self, name):
+        """Chooses a destination with the keyboard."""
+        combo = self._combo
+        combo.click()
+        entry = combo.find("list item", name)
+        entry.click()
+        until(lambda: self.destination == name, "the destination " + name)
+
+    def accept(self):
+        self.button("OK").click()
+
+    def cancel(self):
+        self.button("Cancel").click()
+
+    def box(self, title):
+        """The message box with this title; its text."""
+        return self._case.window(self._run, title)
+
+    def is_open(self):
+        return widgets.has_window(self._case.desktop, self._run, TITLE)

@@ -1,0 +1,220 @@
+"""Looks at the program's windows as a screen reader does, and works them with key and mouse."""
+
+import os
+import subprocess
+
+from gi.repository import Gio, GLib
+
+from .waiting import until
+
+_ACCESSIBLE = "org.a11y.atspi.Accessible"
+_COMPONENT = "org.a11y.atspi.Component"
+_TEXT = "org.a11y.atspi.Text"
+_VALUE = "org.a11y.atspi.Value"
+_PROPERTIES = "org.freedesktop.DBus.Properties"
+_ROOT = "/org/a11y/atspi/accessible/root"
+_ANSWER_LIMIT_MS = 10000
+
+ACTIVE, CHECKED, ENABLED, FOCUSED, SHOWING = 1, 4, 8, 12, 25
+
+
+class Gone(Exception):
+    """The widget or its program is no longer there."""
+
+
+class Widget:
+    """One accessible object of a program."""
+
+    def __init__(self, desktop, owner, path):
+        self._desktop = desktop
+        self._owner = owner
+        self._path = path
+
+    def _call(self, interface, method, arguments=None):
+        try:
+            return self._desktop.bus.call_sync(
+                self._owner, self._path, interface, method, arguments, None,
+                Gio.DBusCallFlags.NO_AUTO_START, _ANSWER_LIMIT_MS, None).unpack()
+        except GLib.Error as error:
+            raise Gone(error.message) from error
+
+    def _property(self, interface, name):
+        return self._call(_PROPERTIES, "Get", GLib.Variant("(ss)", (interface, name)))[0]
+
+    @property
+    def name(self):
+        """The label of the widget, or the text of a label."""
+        return self._property(_ACCESSIBLE, "Name")
+
+    @property
+    def description(self):
+        return self._property(_ACCESSIBLE, "Description")
+
+    @property
+    def role(self):
+        return self._call(_ACCESSIBLE, "GetRoleName")[0]
+
+    @property
+    def text(self):
+        """The text of an edit field."""
+        return self._call(_TEXT, "GetText", GLib.Variant("(ii)", (0, -1)))[0]
+
+    @property
+    def value(self):
+        """The number of a spin box."""
+        return self._property(_VALUE, "CurrentValue")
+
+    def has(self, state):
+        low, high = self._call(_ACCESSIBLE, "GetState")[0]
+        return bool((low | high << 32) >> state & 1)
+
+    def children(self):
+        return [Widget(self._desktop, owner, path)
+                for owner, path in self._call(_ACCESSIBLE, "GetChildren")[0]]
+
+    def descendants(self):
+        """All widgets below this one; those that go away meanwhile may be left out."""
+        try:
+            children = self.children()
+        except Gone:
+            return
+        for child in children:
+            yield child
+            yield from child.descendants()
+
+    def _matches(self, role, name, description):
+        return (self.role == role and name in (None, self.name)
+                and description in (None, self.description))
+
+    def find(self, role, name=None, description=None):
+        """The visible descendant of this role, name and description."""
+        def look():
+            for widget in self.descendants():
+                try:
+                    if widget._matches(role, name, description) and widget.has(SHOWING):
+                        return widget
+                except Gone:
+                    pass
+            return None
+        return until(look, "the %s %s" % (role, name or description or ""))
+
+    def wait_for(self, state, wanted=True):
+        until(lambda: self.has(state) == wanted, "state %d of a widget" % state)
+
+    def centre(self):
+        left, top, width, height = self._call(
+            _COMPONENT, "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        return left + width // 2, top + height // 2
+
+    def click(self):
+        """Presses and releases the left mouse button on it."""
+        left, top = self.centre()
+        self._desktop_user("mousemove", str(left), str(top), "click", "1")
+
+    def click_left_end(self):
+        """The same on its left end, where a check box or radio button has its mark."""
+        left, top, _, height = self._call(
+            _COMPONENT, "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        self._desktop_user("mousemove", str(left + 8), str(top + height // 2), "click", "1")
+
+    def _desktop_user(self, *words):
+        user(self._desktop, *words)
+
+    def check(self):
+        """Clicks a radio button or a check box and waits until it is checked."""
+        self.click_left_end()
+        self.wait_for(CHECKED)
+
+    def uncheck(self):
+        self.click_left_end()
+        self.wait_for(CHECKED, False)
+
+    def write(self, text):
+        """Replaces the text of an edit field by typing."""
+        self.click()
+        self.wait_for(FOCUSED)
+        user(self._desktop, "key", "ctrl+a", "key", "Delete")
+        if text:
+            user(self._desktop, "type", "--delay", "1", "--", text)
+        until(lambda: self.text == text, "the typed text %r" % text)
+
+
+def user(desktop, *words):
+    """Real key and mouse events."""
+    subprocess.run(["xdotool", *words], check=True, stdin=subprocess.DEVNULL,
+                   env={"DISPLAY": desktop.display, "PATH": os.environ["PATH"]})
+
+
+def press(desktop, *keys):
+    user(desktop, "key", "--delay", "1", *keys)
+
+
+def _bus_call(desktop, method, arguments=None):
+    return desktop.bus.call_sync("org.freedesktop.DBus", "/org/freedesktop/DBus",
+                                 "org.freedesktop.DBus", method, arguments, None,
+                                 Gio.DBusCallFlags.NONE, _ANSWER_LIMIT_MS, None).unpack()[0]
+
+
+def _belongs_to(desktop, name, pid):
+    try:
+        return _bus_call(desktop, "GetConnectionUnixProcessID",
+                         GLib.Variant("(s)", (name,))) == pid
+    except GLib.Error:
+        return False
+
+
+def windows(desktop, pid):
+    """The visible windows of a process. Empty while it has none."""
+    for name in _bus_call(desktop, "ListNames"):
+        if name.startswith(":") and _belongs_to(desktop, name, pid):
+            try:
+                return [window for window in Widget(desktop, name, _ROOT).children()
+                        if window.has(SHOWING)]
+            except Gone:
+                # Its other connection, or not ready yet.
+                pass
+    return []
+
+
+def _focus(desktop, title):
+    """Gives the keyboard to the window, as a window manager does for a new one."""
+    found = subprocess.run(
+        ["xdotool", "search", "--onlyvisible", "--name", "^%s$" % title], stdin=subprocess.DEVNULL,
+        env={"DISPLAY": desktop.display, "PATH": os.environ["PATH"]}, capture_output=True,
+        text=True, check=False).stdout.split()
+    if not found:
+        return False
+    return subprocess.run(
+        ["xdotool", "windowfocus", found[-1]], stdin=subprocess.DEVNULL, check=False,
+        env={"DISPLAY": desktop.display, "PATH": os.environ["PATH"]}).returncode == 0
+
+
+def find_window(desktop, run, title):
+    """Waits for the window of the run with this title, and gives it the keyboard."""
+    def look():
+        if run.has_ended():
+            raise AssertionError("the program ended before it showed %r:\n%s"
+                                 % (title, run.errors()))
+        for window in windows(desktop, run.pid):
+            try:
+                if window.name == title:
+                    return window
+            except Gone:
+                pass
+        return None
+    window = until(look, "the window %r" % title)
+
+    def is_active():
+        return window.has(ACTIVE) or (_focus(desktop, title) and window.has(ACTIVE))
+    until(is_active, "the window %r to take the keyboard" % title)
+    return window
+
+
+def has_window(desktop, run, title):
+    for window in windows(desktop, run.pid):
+        try:
+            if window.name == title:
+                return True
+        except Gone:
+            pass
+    return False

@@ -1,0 +1,125 @@
+"""The diagnostic logs and the settings file."""
+
+import os
+import shutil
+
+from harness import place
+from harness.case import DialogCase
+
+LOGS = ("ipp_request.log", "PrinterOptions.log", "ipp_printer.log", "ipp_driver.log",
+        "ipp_job.log", "ipp_class.log")
+WARNING = "WARNING: configuration file not found\n"
+
+
+def log(name):
+    return os.path.join(place.LOGS, name)
+
+
+class Logs(DialogCase):
+    def setUp(self):
+        super().setUp()
+        self.remove_logs()
+        self.addCleanup(self.remove_logs)
+
+    def remove_logs(self):
+        for name in LOGS:
+            if os.path.lexists(log(name)):
+                os.unlink(log(name))
+
+    def test_created(self):
+        self.accepted(self.file())
+        for name in LOGS:
+            with self.subTest(name):
+                self.assertTrue(os.path.isfile(log(name)))
+
+    def test_created_by_a_hand_over(self):
+        self.complete("-Z", self.file())
+        for name in LOGS:
+            with self.subTest(name):
+                self.assertTrue(os.path.isfile(log(name)))
+
+    def test_truncated(self):
+        for name in LOGS:
+            with open(log(name), "w") as file:
+                file.write("OLD LINE\n" * 1000)
+        self.complete("-Z", self.file())
+        for name in LOGS:
+            with self.subTest(name), open(log(name)) as file:
+                self.assertNotIn("OLD LINE", file.read())
+
+    def test_requests_are_logged(self):
+        self.accepted("-P", "Plain", self.file())
+        self.assertGreater(os.path.getsize(log("ipp_request.log")), 0)
+
+    def assert_left_alone(self, victim):
+        self.accepted(self.file())
+        for name in LOGS:
+            with self.subTest(name), open(victim(name)) as file:
+                self.assertEqual(file.read(), "precious")
+
+    def victim(self, name):
+        path = os.path.join(self.folder, "victim-" + name)
+        if not os.path.exists(path):
+            with open(path, "w") as file:
+                file.write("precious")
+        return path
+
+    def test_symbolic_links_are_not_followed(self):
+        for name in LOGS:
+            os.symlink(self.victim(name), log(name))
+        self.assert_left_alone(self.victim)
+
+    def test_dangling_links_are_not_followed(self):
+        for name in LOGS:
+            os.symlink(os.path.join(self.folder, "made-" + name), log(name))
+        self.accepted(self.file())
+        for name in LOGS:
+            self.assertFalse(os.path.exists(os.path.join(self.folder, "made-" + name)))
+
+    def test_other_names_of_a_file_are_not_written(self):
+        # A hard link must lie on the same file system.
+        def victim(name):
+            return log("victim-" + name)
+        for name in LOGS:
+            with open(victim(name), "w") as file:
+                file.write("precious")
+            self.addCleanup(os.unlink, victim(name))
+            os.link(victim(name), log(name))
+        self.assert_left_alone(victim)
+
+    def test_pipes_do_not_hang_the_run(self):
+        for name in LOGS:
+            os.mkfifo(log(name))
+        self.assertEqual(self.accepted(self.file()).status, 0)
+
+
+class Settings(DialogCase):
+    def bare_program(self):
+        """The program in a tree without settings file."""
+        tree = os.path.join(self.folder, "tree")
+        os.mkdir(tree)
+        for name in ("bin", "lib"):
+            shutil.copytree(os.path.join(place.TREE, name), os.path.join(tree, name))
+        return os.path.join(tree, "bin", os.path.basename(place.TREE_PROGRAM))
+
+    def test_found(self):
+        self.assertEqual(self.complete("-Z", self.file()).output, "")
+
+    def test_not_found(self):
+        program = self.bare_program()
+        result = self.complete("-Z", self.file(), name=program, program=program)
+        self.assertEqual(result.output, WARNING)
+        self.assertEqual(result.status, 0)
+
+    def test_not_found_with_a_dialog(self):
+        program = self.bare_program()
+        file = self.file()
+        result = self.accepted(file, name=program, program=program)
+        self.assertEqual(result.output, WARNING)
+        self.assertEqual(result.arguments[-1], file)
+
+    def test_in_the_working_folder(self):
+        program = self.bare_program()
+        run = self.start("-Z", self.file(), name=program, program=program,
+                         place_file=("OEM.ini", "VENDOR=Tarvel\n"))
+        self.assertEqual(run.finish().output, "")
