@@ -399,7 +399,11 @@ void TestRequests::operationRows()
             CUPSPrinter printer;
             return !_CUPS->findPrinter(QStringLiteral("x"), printer, false);
         },
-        {{printers, getPrinters()}, {printers, getDefault()}});
+        {{printers, IppBytes::request(0x4002)
+                        .name("first-printer-name", "x")
+                        .integer(0x21, "limit", 1)
+                        .keywords("requested-attributes", PrinterAttributes)},
+         {printers, getDefault()}});
     row("getClasses",
         [] {
             QMap<QString, ClassInfo> out;
