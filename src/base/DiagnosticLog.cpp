@@ -15,6 +15,17 @@ bool isOwnPlainFile(int descriptor)
     return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_nlink == 1 &&
            status.st_uid == geteuid();
 }
+
+/** Keeps a log out of the way where a standard stream is closed: its number belongs to the stream.
+ */
+int aboveStandardStreams(int descriptor)
+{
+    if (descriptor < 0 || descriptor > STDERR_FILENO)
+        return descriptor;
+    const int above = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    close(descriptor);
+    return above;
+}
 } // namespace
 
 namespace DiagnosticLog
@@ -23,8 +34,8 @@ Handle open(const char *fileName)
 {
     const std::string path = std::string(SystemPaths::logDirectory()) + '/' + fileName;
     // O_NONBLOCK: opening somebody's pipe of this name must not hang the program.
-    const int descriptor =
-        ::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0644);
+    const int descriptor = aboveStandardStreams(
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0644));
     if (descriptor < 0)
         return nullptr;
     // Truncated only after the check: a file that is not ours keeps its contents.

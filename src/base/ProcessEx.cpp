@@ -1,5 +1,7 @@
 #include "ProcessEx.h"
 
+#include "SignalDisposition.h"
+
 #include <QByteArray>
 #include <QDebug>
 #include <QFile>
@@ -33,6 +35,29 @@ private:
     posix_spawn_file_actions_t m_actions;
 };
 
+/** What the library or the parent process has ignored must not be ignored in the child. */
+class DefaultSignals
+{
+public:
+    DefaultSignals()
+    {
+        sigset_t reset;
+        sigemptyset(&reset);
+        sigaddset(&reset, SIGCHLD);
+        sigaddset(&reset, SIGPIPE);
+        posix_spawnattr_init(&m_attributes);
+        posix_spawnattr_setsigdefault(&m_attributes, &reset);
+        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF);
+    }
+    DefaultSignals(const DefaultSignals &) = delete;
+    DefaultSignals &operator=(const DefaultSignals &) = delete;
+    ~DefaultSignals() { posix_spawnattr_destroy(&m_attributes); }
+    const posix_spawnattr_t *get() const { return &m_attributes; }
+
+private:
+    posix_spawnattr_t m_attributes;
+};
+
 /** Waits for the child. The wait itself ends with the child, so the status is there at once. */
 int exitStatusOf(pid_t child)
 {
@@ -64,10 +89,13 @@ int ProcessEx::execute(const QByteArray &program, const QList<QByteArray> &argum
         argv.push_back(const_cast<char *>(argument.constData()));
     argv.push_back(nullptr);
 
+    // A parent that ignores SIGCHLD would leave no status to wait for.
+    const SignalDisposition childStatusKept(SIGCHLD, SIG_DFL);
     const NullStreams streams;
+    const DefaultSignals defaultSignals;
     pid_t child = 0;
-    if (posix_spawnp(&child, program.constData(), streams.get(), nullptr, argv.data(), environ) !=
-        0) {
+    if (posix_spawnp(&child, program.constData(), streams.get(), defaultSignals.get(), argv.data(),
+                     environ) != 0) {
         qWarning("ProcessEx::execute: failed to launch");
         return FailedToLaunch;
     }

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLibraryInfo>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -11,6 +12,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -19,6 +21,10 @@
 
 namespace
 {
+constexpr char X[] = "xcb";
+constexpr char Wayland[] = "wayland";
+constexpr QLatin1String PlatformFolder("/platforms");
+
 /** Closes a descriptor. */
 class Descriptor
 {
@@ -59,6 +65,9 @@ bool xAnswers(const QByteArray &display)
     const Descriptor reading(ends[0]);
     const pid_t child = fork();
     if (child == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        // The library tells on standard error what a display refuses; nobody has asked for it.
+        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
         xcb_connection_t *connection = xcb_connect(display.constData(), nullptr);
         const char answer = xcb_connection_has_error(connection) ? 'n' : 'y';
         const bool told = write(ends[1], &answer, 1) == 1;
@@ -103,43 +112,82 @@ bool waylandAnswers(const Display::Setting &setting)
            becomesReadable(socket.get());
 }
 
-/** Without the toolkit's plug-in for it, a Wayland display is of no use. */
-bool hasWaylandPlugin()
+/** Whether the toolkit has a plug-in for the platform: without one it aborts. */
+bool hasPlugin(const Display::Setting &setting, const QByteArray &platform)
 {
-    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) +
-                         QLatin1String("/platforms"));
-    return !platforms.entryList({QStringLiteral("libqwayland-*.so")}, QDir::Files).isEmpty();
+    // The Wayland plug-ins are named by the way in which they draw.
+    const QString pattern = platform.startsWith(Wayland)
+                                ? QStringLiteral("libqwayland-*.so")
+                                : QStringLiteral("libq%1.so").arg(QString::fromLatin1(platform));
+    return std::any_of(setting.pluginFolders.begin(), setting.pluginFolders.end(),
+                       [&pattern](const QString &folder) {
+                           return !QDir(folder).entryList({pattern}, QDir::Files).isEmpty();
+                       });
 }
 
-bool isOrStartsWith(const QByteArray &platform, const char *name)
+/** `platform` is a name without parameters. */
+bool isUsable(const Display::Setting &setting, const QByteArray &platform)
 {
-    return platform.isEmpty() || platform.startsWith(name);
+    if (!hasPlugin(setting, platform))
+        return false;
+    if (platform == X)
+        return xAnswers(setting.display);
+    return !platform.startsWith(Wayland) || waylandAnswers(setting);
+}
+
+/** The first of the platforms that are asked for, with its parameters. */
+std::optional<QByteArray> firstUsable(const Display::Setting &setting)
+{
+    for (const QByteArray &entry : setting.platform.split(';')) {
+        const QByteArray platform = entry.trimmed();
+        if (isUsable(setting, platform.split(':').constFirst().toLower()))
+            return platform;
+    }
+    return std::nullopt;
+}
+
+QStringList pluginFolders(const QByteArray &option)
+{
+    QStringList folders = {QLibraryInfo::path(QLibraryInfo::PluginsPath) + PlatformFolder};
+    const QByteArray path = option.isNull() ? qgetenv("QT_QPA_PLATFORM_PLUGIN_PATH") : option;
+    const QString separator = QDir::listSeparator();
+    folders += QFile::decodeName(path).split(separator, Qt::SkipEmptyParts);
+    for (const QString &folder :
+         QFile::decodeName(qgetenv("QT_PLUGIN_PATH")).split(separator, Qt::SkipEmptyParts))
+        folders += folder + PlatformFolder;
+    return folders;
 }
 } // namespace
 
 namespace Display
 {
-Setting setting(const QByteArray &platformOption, const QByteArray &displayOption)
+Setting setting(const QByteArray &platformOption, const QByteArray &displayOption,
+                const QByteArray &pluginPathOption)
 {
     Setting result;
     result.platform = platformOption.isNull() ? qgetenv("QT_QPA_PLATFORM") : platformOption;
-    result.displayFromOption = !displayOption.isNull();
     result.display = displayOption.isNull() ? qgetenv("DISPLAY") : displayOption;
+    result.wantsX = !displayOption.isNull() && platformOption.isNull();
     result.waylandDisplay = qgetenv("WAYLAND_DISPLAY");
     result.runtimeDir = qgetenv("XDG_RUNTIME_DIR");
+    result.pluginFolders = pluginFolders(pluginPathOption);
     return result;
 }
 
-Kind find(const Setting &setting)
+std::optional<QByteArray> find(const Setting &setting)
 {
-    const bool mayBeX = isOrStartsWith(setting.platform, "xcb");
-    const bool mayBeWayland =
-        isOrStartsWith(setting.platform, "wayland") && !setting.displayFromOption;
-    if (!mayBeX && !mayBeWayland)
-        return Kind::Default;
-    const bool hasWayland = mayBeWayland && waylandAnswers(setting) && hasWaylandPlugin();
-    if (mayBeX && xAnswers(setting.display))
-        return hasWayland ? Kind::Default : Kind::X11;
-    return hasWayland ? Kind::Wayland : Kind::None;
+    const bool namesWindowSystem = setting.platform.isEmpty() || setting.platform.contains(X) ||
+                                   setting.platform.contains(Wayland);
+    if (setting.wantsX && namesWindowSystem)
+        return isUsable(setting, X) ? std::optional<QByteArray>(X) : std::nullopt;
+    if (!setting.platform.isEmpty())
+        return firstUsable(setting);
+    const bool hasX = isUsable(setting, X);
+    const bool hasWayland = isUsable(setting, Wayland);
+    if (hasX && hasWayland)
+        return QByteArray();
+    if (!hasX && !hasWayland)
+        return std::nullopt;
+    return QByteArray(hasX ? X : Wayland);
 }
 } // namespace Display

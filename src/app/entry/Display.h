@@ -1,38 +1,38 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
-/** Whether there is a display on which a dialog can be shown. */
+#include <optional>
+
+/** Whether there is a display on which a dialog can be shown, and which. */
 namespace Display
 {
-enum class Kind {
-    /** None: the toolkit would abort. */
-    None,
-    /** One that the toolkit finds by itself. */
-    Default,
-    /** An X display alone. */
-    X11,
-    /** A Wayland display alone. */
-    Wayland
-};
-
 /** How long a display may take to answer. */
 constexpr int AnswerTimeoutMs = 3000;
 
 /** What the command line and the environment say. A null text: not given. */
 struct Setting {
-    QByteArray platform; // -platform, or QT_QPA_PLATFORM
-    QByteArray display;  // -display, or DISPLAY
-    bool displayFromOption = false;
+    /** The toolkit's platforms to try, separated by ';': -platform, or QT_QPA_PLATFORM. */
+    QByteArray platform;
+    /** The X display: -display, or DISPLAY. */
+    QByteArray display;
+    /** The display was named by -display alone, so it is an X display that is wanted. */
+    bool wantsX = false;
     QByteArray waylandDisplay; // WAYLAND_DISPLAY
     QByteArray runtimeDir;     // XDG_RUNTIME_DIR
+    /** The folders with the toolkit's platform plug-ins. */
+    QStringList pluginFolders;
 };
-/** The setting of this process, with the two toolkit options in front of the environment. */
-Setting setting(const QByteArray &platformOption, const QByteArray &displayOption);
+
+/** The setting of this process; an option (null: not given) goes before the environment. */
+Setting setting(const QByteArray &platformOption, const QByteArray &displayOption,
+                const QByteArray &pluginPathOption);
 
 /**
  * Looks for a display by connecting to it, so that one that refuses or does not answer counts as
- * none. For a platform other than xcb and wayland there is nothing to connect to: Default.
+ * none. Returns the platform to name to the toolkit, empty where it may choose by itself; nothing
+ * where it would find no display and abort.
  */
-Kind find(const Setting &setting);
+std::optional<QByteArray> find(const Setting &setting);
 } // namespace Display

@@ -7,6 +7,7 @@
 #include "ProcessEx.h"
 #include "ProgramPath.h"
 #include "Route.h"
+#include "SignalDisposition.h"
 #include "StandardInput.h"
 #include "SystemPaths.h"
 #include "ToolkitOptions.h"
@@ -17,6 +18,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 namespace
@@ -24,30 +27,47 @@ namespace
 constexpr const char *PluginDirVariable = "VESK_PLUGIN_DIR";
 constexpr const char *CompanionVariable = "PRINT_FROM_ORRN";
 
+/** A standard stream that is closed is opened on the null device, before another file takes it. */
+void openStandardStreams()
+{
+    int descriptor = 0;
+    do {
+        descriptor = open("/dev/null", O_RDWR | O_CLOEXEC);
+    } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+    if (descriptor >= 0)
+        close(descriptor);
+}
+
 void loadSettings(const QString &programPath)
 {
-    if (InstallationSettings::load(QFile::encodeName(programPath).constData()) != 0)
-        std::fputs("WARNING: configuration file not found\n", stdout);
+    if (InstallationSettings::load(QFile::encodeName(programPath).constData()) == 0)
+        return;
+    // Where nobody reads this any more, the run goes on.
+    const SignalDisposition writeFails(SIGPIPE, SIG_IGN);
+    std::fputs("WARNING: configuration file not found\n", stdout);
+    std::fflush(stdout);
 }
 
-/** Parses a copy: getopt reorders the vector, and a hand-over needs it as it was. */
-LPRArguments parse(std::vector<char *> argv)
+void tell(const char *what, const char *why)
 {
-    const int argc = static_cast<int>(argv.size());
-    argv.push_back(nullptr);
-    return LPRArguments(argc, argv.data());
+    const QString text = QCoreApplication::translate("Entry", what);
+    std::fprintf(stderr, "lpr: %s: %s\n", text.toLocal8Bit().constData(), why);
 }
 
-/** Where -display names the display or only one kind answers, the toolkit must not choose. */
-void addPlatform(std::vector<char *> &toolkitArguments, Display::Kind display)
+std::optional<QByteArray> findDisplay(const ToolkitOptions::Split &split)
+{
+    return Display::find(Display::setting(split.platform, split.display, split.platformPluginPath));
+}
+
+/** Tells the toolkit which platform to take; an empty text leaves the choice to it. */
+void choosePlatform(std::vector<char *> &toolkitArguments, const QByteArray &platform)
 {
     static char option[] = "-platform";
-    static char xcb[] = "xcb";
-    static char wayland[] = "wayland";
-    if (display == Display::Kind::X11)
-        toolkitArguments.insert(toolkitArguments.end(), {option, xcb});
-    if (display == Display::Kind::Wayland)
-        toolkitArguments.insert(toolkitArguments.end(), {option, wayland});
+    static QByteArray chosen;
+    if (platform.isEmpty())
+        return;
+    chosen = platform;
+    toolkitArguments.insert(toolkitArguments.end(), {option, chosen.data()});
 }
 
 RunDialogs loadDialogs()
@@ -55,9 +75,17 @@ RunDialogs loadDialogs()
     void *library = dlopen(DialogLibrary, RTLD_NOW);
     void *function = library ? dlsym(library, DialogFunction) : nullptr;
     if (!function)
-        std::fprintf(stderr, "lpr: The print dialog cannot be shown, printing without it: %s\n",
-                     dlerror());
+        tell(QT_TRANSLATE_NOOP("Entry", "The print dialog cannot be shown, printing without it"),
+             dlerror());
     return reinterpret_cast<RunDialogs>(function);
+}
+
+QList<QByteArray> encoded(const QStringList &texts)
+{
+    QList<QByteArray> bytes;
+    for (const QString &text : texts)
+        bytes.append(QFile::encodeName(text));
+    return bytes;
 }
 
 /** Runs the system client; afterwards the captured input is no longer needed. */
@@ -76,23 +104,30 @@ int handOver(const std::vector<char *> &argv)
     return runClient(arguments);
 }
 
-int print(const LPRArguments &arguments, const QStringList &files)
+/** The files to print, with the names that they came with, whatever encoding those have. */
+QList<QByteArray> filesToPrint(const DialogRun &run, const QList<QByteArray> &operands)
 {
-    QStringList texts = arguments.toArguments();
-    if (arguments.operands.isEmpty())
-        texts.append(files);
-    QList<QByteArray> bytes;
-    for (const QString &text : texts)
-        bytes.append(QFile::encodeName(text));
-    return runClient(bytes);
+    if (!operands.isEmpty())
+        return operands;
+    if (*StandardInput::fileName())
+        return {StandardInput::fileName()};
+    return encoded(run.files);
 }
 
-int finish(DialogRun::Outcome outcome, const DialogRun &run)
+int print(const DialogRun &run, const QList<QByteArray> &operands)
 {
-    if (outcome == DialogRun::Outcome::Accepted)
-        return print(*run.arguments, run.files);
-    StandardInput::removeFile();
-    return outcome == DialogRun::Outcome::Rejected ? Entry::DialogRejected : Entry::NoFileChosen;
+    const QStringList arguments = run.arguments->toArguments();
+    return runClient(encoded(arguments.first(arguments.size() - operands.size())) +
+                     filesToPrint(run, operands));
+}
+
+/** The run without a dialog. The toolkit's core is there in every run. */
+int handOver(ToolkitOptions::Split &split)
+{
+    int count = static_cast<int>(split.toolkit.size());
+    split.toolkit.push_back(nullptr);
+    const QCoreApplication application(count, split.toolkit.data());
+    return handOver(split.rest);
 }
 } // namespace
 
@@ -104,51 +139,60 @@ Entry::Entry(int argc, char **argv)
 
 int Entry::run()
 {
+    openStandardStreams();
     const QString path = programPath(m_argv[0]);
     loadSettings(path);
-    const ToolkitOptions::Split split = ToolkitOptions::split(m_argc, m_argv);
-    LPRArguments arguments = parse(split.rest);
+    ToolkitOptions::Split split = ToolkitOptions::split(m_argc, m_argv);
+    // getopt reorders the vector that it reads; a hand-over needs the order that the user gave.
+    std::vector<char *> parsed = split.rest;
+    parsed.push_back(nullptr);
+    LPRArguments arguments(static_cast<int>(split.rest.size()), parsed.data());
+    const QList<QByteArray> operands(parsed.end() - 1 - arguments.operands.size(),
+                                     parsed.end() - 1);
     m_jobTitle = arguments.value(QStringLiteral("T"), QString());
     m_files = arguments.operands;
 
     const bool handOverAsked = mustHandOver(arguments, std::getenv(CompanionVariable) != nullptr);
-    const Display::Kind display =
-        handOverAsked ? Display::Kind::None
-                      : Display::find(Display::setting(split.platform, split.display));
-    // With no display nobody can be asked for a file later, so the input may take its time.
-    const bool mayAskForFile = handOverAsked || display != Display::Kind::None;
-    if (m_files.isEmpty() &&
-        !captureInput(mayAskForFile ? StandardInput::PatienceMs : StandardInput::NoLimit))
-        return InputNotStored;
-
-    DialogRun dialogRun{split.toolkit, {}, &arguments, m_files};
-    addPlatform(dialogRun.toolkitArguments, display);
-    const RunDialogs runDialogs = display == Display::Kind::None ? nullptr : loadDialogs();
-    if (!runDialogs) {
-        int count = static_cast<int>(dialogRun.toolkitArguments.size());
-        dialogRun.toolkitArguments.push_back(nullptr);
-        const QCoreApplication application(count, dialogRun.toolkitArguments.data());
-        return handOver(split.rest);
+    auto display = handOverAsked ? std::nullopt : findDisplay(split);
+    if (m_files.isEmpty()) {
+        if (!captureInput(handOverAsked, display.has_value()))
+            return InputNotStored;
+        // The input may have taken long, and the toolkit aborts where the display is gone.
+        if (display && !m_files.isEmpty())
+            display = findDisplay(split);
     }
-    dialogRun.pluginDirectories = pluginDirectories(std::getenv(PluginDirVariable), path);
-    return finish(runDialogs(dialogRun), dialogRun);
+
+    const RunDialogs runDialogs = display ? loadDialogs() : nullptr;
+    if (!runDialogs)
+        return handOver(split);
+    choosePlatform(split.toolkit, *display);
+    DialogRun run{split.toolkit, pluginDirectories(std::getenv(PluginDirVariable), path),
+                  &arguments, m_files};
+    const DialogRun::Outcome outcome = runDialogs(run);
+    if (outcome == DialogRun::Outcome::Accepted)
+        return print(run, operands);
+    StandardInput::removeFile();
+    return outcome == DialogRun::Outcome::Rejected ? DialogRejected : NoFileChosen;
 }
 
-bool Entry::captureInput(int patienceMs)
+bool Entry::captureInput(bool handOverAsked, bool hasDisplay)
 {
+    // With no display nobody can be asked for a file later, so the input may take its time, and
+    // nothing of it may get lost without a word.
+    const bool isOnlyChance = !handOverAsked && !hasDisplay;
     StandardInput::installSignalHandlers();
     std::string error;
-    switch (StandardInput::capture(STDIN_FILENO, patienceMs, error)) {
-    case StandardInput::Result::Failed:
-        std::fprintf(stderr, "lpr: Nothing was printed: %s\n", error.c_str());
+    const StandardInput::Result result = StandardInput::capture(
+        STDIN_FILENO, isOnlyChance ? StandardInput::NoLimit : StandardInput::PatienceMs, error);
+    if (result == StandardInput::Result::Failed ||
+        (result == StandardInput::Result::Dropped && isOnlyChance)) {
+        tell(QT_TRANSLATE_NOOP("Entry", "Nothing was printed"), error.c_str());
         return false;
-    case StandardInput::Result::Captured:
+    }
+    if (result == StandardInput::Result::Captured) {
         m_files.append(QFile::decodeName(StandardInput::fileName()));
         if (m_jobTitle.isEmpty())
             m_jobTitle = QStringLiteral("(stdin)");
-        return true;
-    case StandardInput::Result::Nothing:
-        return true;
     }
     return true;
 }

@@ -18,7 +18,7 @@ public:
 
 private:
     /** Captures standard input as the file to print. False: it came, but could not be stored. */
-    bool captureInput(int patienceMs);
+    bool captureInput(bool handOverAsked, bool hasDisplay);
 
     int m_argc;
     char **m_argv;

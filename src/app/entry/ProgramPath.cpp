@@ -38,8 +38,9 @@ QStringList pluginDirectories(const char *environment, const QString &programPat
     const QStringList names = base.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString &name : names) {
         const QDir directory(base.filePath(name));
-        if (!name.startsWith(QLatin1Char('.')) && directory.exists(PluginDirectory))
-            result.append(directory.filePath(PluginDirectory));
+        const QString plugins = directory.filePath(PluginDirectory);
+        if (!name.startsWith(QLatin1Char('.')) && QFileInfo(plugins).isDir())
+            result.append(plugins);
     }
     return result;
 }

@@ -1,6 +1,7 @@
 #include "StandardInput.h"
 
 #include "CupsHandles.h"
+#include "SignalDisposition.h"
 
 #include <cerrno>
 #include <csignal>
@@ -27,6 +28,14 @@ extern "C" void removeFileAndExit(int signal)
     _exit(signal);
 }
 
+/** The toolkit aborts where it cannot go on. */
+extern "C" void removeFileAndAbort(int signal)
+{
+    if (s_fileName[0])
+        unlink(s_fileName);
+    raise(signal); // whose action is the default one again
+}
+
 /** Holds the three signals back while the file and its name come into being together. */
 class SignalBlock
 {
@@ -45,24 +54,6 @@ public:
 
 private:
     sigset_t m_before;
-};
-
-/** Lets a write beyond the limit of file sizes fail with EFBIG instead of ending the process. */
-class SizeLimitSignalIgnored
-{
-public:
-    SizeLimitSignalIgnored()
-    {
-        struct sigaction ignore = {};
-        ignore.sa_handler = SIG_IGN;
-        sigaction(SIGXFSZ, &ignore, &m_before);
-    }
-    SizeLimitSignalIgnored(const SizeLimitSignalIgnored &) = delete;
-    SizeLimitSignalIgnored &operator=(const SizeLimitSignalIgnored &) = delete;
-    ~SizeLimitSignalIgnored() { sigaction(SIGXFSZ, &m_before, nullptr); }
-
-private:
-    struct sigaction m_before;
 };
 
 bool waitForData(int descriptor, int patienceMs)
@@ -106,6 +97,12 @@ bool writeWhole(int descriptor, const char *data, size_t length)
     return true;
 }
 
+/** Whether the error of the first read says that there is nothing to read from at all. */
+bool isNoInput(int error)
+{
+    return error == EBADF || error == ENOTCONN || error == ENXIO;
+}
+
 int createFile()
 {
     // The toolkit ends the process by itself when its display goes away.
@@ -127,7 +124,8 @@ StandardInput::Result fail(const char *what, int error, std::string &text)
 /** Copies `length` bytes in `buffer` and all that follow into the file, and closes it. */
 StandardInput::Result store(int input, int file, char *buffer, ssize_t length, std::string &error)
 {
-    const SizeLimitSignalIgnored ignored;
+    // A write beyond the limit of file sizes is to fail, not to end the process.
+    const SignalDisposition sizeLimitFails(SIGXFSZ, SIG_IGN);
     while (length > 0) {
         if (!writeWhole(file, buffer, static_cast<size_t>(length))) {
             const int reason = errno;
@@ -157,6 +155,12 @@ void installSignalHandlers()
         sigaddset(&action.sa_mask, signal);
     for (int signal : Signals)
         sigaction(signal, &action, nullptr);
+
+    struct sigaction onAbort = {};
+    onAbort.sa_handler = removeFileAndAbort;
+    onAbort.sa_flags = static_cast<int>(SA_RESETHAND | SA_NODEFER);
+    sigemptyset(&onAbort.sa_mask);
+    sigaction(SIGABRT, &onAbort, nullptr);
 }
 
 Result capture(int descriptor, int patienceMs, std::string &error)
@@ -165,13 +169,15 @@ Result capture(int descriptor, int patienceMs, std::string &error)
         return Result::Nothing;
     char buffer[BufferSize];
     const ssize_t length = readChunks(descriptor, buffer);
+    if (length == 0 || (length < 0 && isNoInput(errno)))
+        return Result::Nothing;
     if (length < 0)
         return fail("cannot read standard input", errno, error);
-    if (length == 0)
-        return Result::Nothing;
     const int file = createFile();
-    if (file < 0)
-        return Result::Nothing;
+    if (file < 0) {
+        error = std::string("cannot create a temporary file: ") + std::strerror(errno);
+        return Result::Dropped;
+    }
     return store(descriptor, file, buffer, length, error);
 }
 

@@ -16,6 +16,8 @@ enum class Result {
     Nothing,
     /** The file fileName() holds all of the input. */
     Captured,
+    /** Data came, but no file could be created for it: `error` says why. */
+    Dropped,
     /** The input could not be stored whole: no file is left; `error` says why. */
     Failed
 };
@@ -25,7 +27,7 @@ constexpr int PatienceMs = 2000;
 /** Waits as long as it takes. */
 constexpr int NoLimit = -1;
 
-/** Makes the three signals remove the file and end the process. */
+/** Makes the three signals, and an abort, remove the file and end the process. */
 void installSignalHandlers();
 
 /**

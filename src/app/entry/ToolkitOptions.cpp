@@ -22,7 +22,8 @@ constexpr std::array OptionsWithValue = {string_view("style"),
                                          string_view("title"),
                                          string_view("session"),
                                          string_view("display"),
-                                         string_view("name")};
+                                         string_view("name"),
+                                         string_view("qmljsdebugger")};
 constexpr std::array OptionsWithoutValue = {string_view("reverse"), string_view("widgetcount")};
 /** These may also be written as `-style=fusion`. */
 constexpr std::array OptionsWithInlineValue = {string_view("style"), string_view("stylesheet"),
@@ -81,6 +82,8 @@ Split split(int argc, char **argv)
             result.display = argv[i + 1];
         if (name == "platform")
             result.platform = argv[i + 1];
+        if (name == "platformpluginpath")
+            result.platformPluginPath = argv[i + 1];
         result.toolkit.insert(result.toolkit.end(), argv + i, argv + i + taken);
         i += taken;
     }

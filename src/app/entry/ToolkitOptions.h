@@ -15,9 +15,10 @@ struct Split {
     std::vector<char *> toolkit;
     /** argv[0] and everything else, in order. The texts are argv's. */
     std::vector<char *> rest;
-    /** The value of -display and of -platform; null where not given. */
+    /** The values of the options that say where windows are shown; null where not given. */
     QByteArray display;
     QByteArray platform;
+    QByteArray platformPluginPath;
 };
 
 /**

@@ -1,136 +1,259 @@
 #include "Display.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QLibraryInfo>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
+#include <cstddef>
 #include <cstring>
+#include <memory>
+#include <optional>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <thread>
 #include <unistd.h>
 
-using Display::Kind;
-
 namespace
 {
-/** A listening socket that takes connections; with `answers` it sends a few bytes to the first. */
+/**
+ * A listening socket. With an answer it serves one client: takes `requestSize` bytes, sends the
+ * answer, and holds the connection while it lives.
+ */
 class Listener
 {
 public:
-    Listener(const QByteArray &path, bool answers) : m_socket(socket(AF_UNIX, SOCK_STREAM, 0))
+    explicit Listener(const QByteArray &path, size_t requestSize = 0, const QByteArray &answer = {})
+        : m_socket(socket(AF_UNIX, SOCK_STREAM, 0))
     {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        std::memcpy(address.sun_path, path.constData(), size_t(path.size()));
-        if (bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0
-            || listen(m_socket, 4) != 0)
+        if (!bindTo(path) || listen(m_socket, 4) != 0)
             qFatal("cannot listen");
-        if (answers)
-            m_thread = std::thread([this] { answerOne(); });
+        if (!answer.isEmpty())
+            m_thread = std::thread([this, requestSize, answer] { serve(requestSize, answer); });
     }
     ~Listener()
     {
         shutdown(m_socket, SHUT_RDWR);
         if (m_thread.joinable())
             m_thread.join();
-        close(m_socket);
+        for (int descriptor : {m_connection, m_socket}) {
+            if (descriptor >= 0)
+                close(descriptor);
+        }
     }
-    QByteArray request() const { return m_request; }
+    /** What the client has sent; waits for the end of the service. */
+    QByteArray request()
+    {
+        m_thread.join();
+        return m_request;
+    }
 
 private:
-    void answerOne()
+    /** A path that begins with '@' is a name without a file, as X uses it. */
+    bool bindTo(const QByteArray &path) const
     {
-        const int connection = accept(m_socket, nullptr, nullptr);
-        std::array<char, 12> request = {};
-        if (recv(connection, request.data(), request.size(), MSG_WAITALL) == ssize_t(request.size()))
-            m_request = QByteArray(request.data(), qsizetype(request.size()));
-        send(connection, "done", 4, MSG_NOSIGNAL);
-        close(connection);
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        std::memcpy(address.sun_path, path.constData(), size_t(path.size()));
+        if (path.startsWith('@'))
+            address.sun_path[0] = '\0';
+        const size_t length = offsetof(sockaddr_un, sun_path) + size_t(path.size());
+        return bind(m_socket, reinterpret_cast<const sockaddr *>(&address), socklen_t(length)) == 0;
     }
+
+    void serve(size_t requestSize, const QByteArray &answer)
+    {
+        m_connection = accept(m_socket, nullptr, nullptr);
+        if (m_connection < 0)
+            return;
+        m_request.resize(qsizetype(requestSize));
+        m_request.resize(recv(m_connection, m_request.data(), requestSize, MSG_WAITALL));
+        send(m_connection, answer.constData(), size_t(answer.size()), MSG_NOSIGNAL);
+    }
+
     int m_socket;
+    int m_connection = -1;
     std::thread m_thread;
     QByteArray m_request;
 };
+
+/** A display number of this process: nobody else's display is near it. */
+QByteArray displayNumber()
+{
+    return QByteArray::number(100000 + getpid());
+}
+
+QByteArray displaySocket()
+{
+    return "@/tmp/.X11-unix/X" + displayNumber();
+}
+
+/** The answer of an X server that accepts the connection: 32 bytes of setup without any screen. */
+QByteArray xAccepts()
+{
+    QByteArray answer(8 + 32, '\0');
+    answer[0] = 1;  // success
+    answer[2] = 11; // protocol 11.0
+    answer[6] = 8;  // additional data, in units of four bytes
+    return answer;
+}
+
+/** A folder of plug-ins: find() looks for their files only. */
+class PluginFolder
+{
+public:
+    explicit PluginFolder(const QStringList &names)
+    {
+        for (const QString &name : names) {
+            QFile file(m_directory.filePath(name));
+            if (!file.open(QIODevice::WriteOnly))
+                qFatal("cannot make a file");
+        }
+    }
+    QStringList path() const { return {m_directory.path()}; }
+
+private:
+    QTemporaryDir m_directory;
+};
+
+const QStringList AllPlugins = {QStringLiteral("libqxcb.so"), QStringLiteral("libqwayland-egl.so"),
+                                QStringLiteral("libqoffscreen.so")};
 } // namespace
 
 class TestDisplay : public QObject
 {
     Q_OBJECT
 private slots:
-    void needsNoneForOtherPlatforms();
-    void findsNoneWhereNothingIsSet();
-    void findsNoneWhereNothingListens();
+    void init();
+    void chooses_data();
+    void chooses();
     void findsNoneWhereTheDisplayIsSilent();
-    void asksWayland();
+    void findsNoneWhereNamesMakeNoSense();
+    void asksWaylandToSynchronize();
     void readsOptionsBeforeTheEnvironment();
+    void knowsTheToolkitsPlugins();
+
+private:
+    std::unique_ptr<QTemporaryDir> m_directory;
 };
 
-void TestDisplay::needsNoneForOtherPlatforms()
+void TestDisplay::init()
 {
-    Display::Setting setting;
-    setting.platform = "offscreen";
-    QCOMPARE(Display::find(setting), Kind::Default);
+    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_PLUGIN_PATH",
+                                 "QT_QPA_PLATFORM_PLUGIN_PATH"})
+        qunsetenv(variable);
+    m_directory = std::make_unique<QTemporaryDir>();
 }
 
-void TestDisplay::findsNoneWhereNothingIsSet()
+void TestDisplay::chooses_data()
 {
-    QCOMPARE(Display::find(Display::Setting()), Kind::None);
+    QTest::addColumn<QByteArray>("platform");
+    QTest::addColumn<bool>("wantsX");
+    QTest::addColumn<bool>("xAnswers");
+    QTest::addColumn<bool>("waylandAnswers");
+    QTest::addColumn<QStringList>("plugins");
+    QTest::addColumn<bool>("found");
+    QTest::addColumn<QByteArray>("chosen");
+
+    const auto row = [](const char *name, const QByteArray &platform, const char *who,
+                        const char *chosen, const QStringList &plugins = AllPlugins,
+                        bool wantsX = false) {
+        const QByteArray answers(who);
+        QTest::newRow(name) << platform << wantsX << answers.contains('x') << answers.contains('w')
+                            << plugins << (chosen != nullptr) << QByteArray(chosen);
+    };
+    row("nothing", "", "", nullptr);
+    row("x", "", "x", "xcb");
+    row("wayland", "", "w", "wayland");
+    row("both", "", "xw", "");
+    row("wayland without its plug-in", "", "w", nullptr, {QStringLiteral("libqxcb.so")});
+    row("x without its plug-in", "", "x", nullptr, {QStringLiteral("libqwayland-egl.so")});
+    row("xcb named", "xcb", "xw", "xcb");
+    row("xcb named in vain", "xcb", "w", nullptr);
+    row("with parameters", "xcb:foo=1", "x", "xcb:foo=1");
+    row("wayland named", "wayland", "xw", "wayland");
+    row("wayland named in vain", "wayland", "x", nullptr);
+    row("a kind of wayland", "wayland-egl", "w", "wayland-egl");
+    row("first of a list", "wayland;xcb", "xw", "wayland");
+    row("second of a list", "wayland;xcb", "x", "xcb");
+    row("second of the other list", "xcb;wayland", "w", "wayland");
+    row("none of a list", "wayland;xcb", "", nullptr);
+    row("needs no display", "offscreen", "", "offscreen");
+    row("upper case", "Offscreen", "", "Offscreen");
+    row("unknown", "nosuch", "xw", nullptr);
+    row("an x display wanted", "", "xw", "xcb", AllPlugins, true);
+    row("an x display wanted in vain", "", "w", nullptr, AllPlugins, true);
+    row("an x display wanted against the environment", "wayland", "xw", "xcb", AllPlugins, true);
+    row("an x display wanted, dead", "wayland", "w", nullptr, AllPlugins, true);
+    row("an x display wanted where none is used", "offscreen", "", "offscreen", AllPlugins, true);
 }
 
-void TestDisplay::findsNoneWhereNothingListens()
+void TestDisplay::chooses()
 {
+    QFETCH(QByteArray, platform);
+    QFETCH(bool, wantsX);
+    QFETCH(bool, xAnswers);
+    QFETCH(bool, waylandAnswers);
+    QFETCH(QStringList, plugins);
+    QFETCH(bool, found);
+
+    const PluginFolder folder(plugins);
     Display::Setting setting;
-    setting.display = ":64321";
-    setting.waylandDisplay = "wayland-77";
-    setting.runtimeDir = "/nonexistent";
-    QCOMPARE(Display::find(setting), Kind::None);
-    setting.platform = "xcb";
-    QCOMPARE(Display::find(setting), Kind::None);
-    setting.platform = "wayland";
-    QCOMPARE(Display::find(setting), Kind::None);
-    setting.platform.clear();
-    setting.display = "nonsense";
-    setting.waylandDisplay = QByteArray(500, 'w');
-    QCOMPARE(Display::find(setting), Kind::None);
+    setting.platform = platform;
+    setting.wantsX = wantsX;
+    setting.pluginFolders = folder.path();
+    setting.runtimeDir = m_directory->path().toLocal8Bit();
+    setting.waylandDisplay = "wayland-0";
+    setting.display = ':' + displayNumber();
+    std::optional<Listener> wayland;
+    std::optional<Listener> x;
+    if (waylandAnswers)
+        wayland.emplace(setting.runtimeDir + "/wayland-0", 12, QByteArray("done"));
+    if (xAnswers)
+        x.emplace(displaySocket(), 12, xAccepts());
+
+    const auto result = Display::find(setting);
+    QCOMPARE(result.has_value(), found);
+    QTEST(result.value_or(QByteArray()), "chosen");
 }
 
 void TestDisplay::findsNoneWhereTheDisplayIsSilent()
 {
-    // X finds its display by number in the abstract namespace or a fixed folder, so a display that
-    // takes the connection and is silent is given by the path of its socket.
-    QTemporaryDir directory;
-    const QByteArray path = directory.filePath(QStringLiteral("x:0")).toLocal8Bit();
-    const Listener listener(path.left(path.size()), false);
+    const PluginFolder folder(AllPlugins);
     Display::Setting setting;
-    setting.platform = "xcb";
-    setting.display = path;
+    setting.display = ':' + displayNumber();
+    setting.pluginFolders = folder.path();
+    const Listener listener(displaySocket());
     QElapsedTimer timer;
     timer.start();
-    QCOMPARE(Display::find(setting), Kind::None);
-    QVERIFY2(timer.elapsed() < 2 * Display::AnswerTimeoutMs, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(!Display::find(setting));
+    QVERIFY(timer.elapsed() >= Display::AnswerTimeoutMs);
 }
 
-void TestDisplay::asksWayland()
+void TestDisplay::findsNoneWhereNamesMakeNoSense()
 {
-    QTemporaryDir directory;
+    const PluginFolder folder(AllPlugins);
+    Display::Setting setting;
+    setting.pluginFolders = folder.path();
+    setting.display = "nonsense";
+    setting.waylandDisplay = QByteArray(500, 'w');
+    setting.runtimeDir = "/nonexistent";
+    QVERIFY(!Display::find(setting));
+}
+
+void TestDisplay::asksWaylandToSynchronize()
+{
+    const PluginFolder folder(AllPlugins);
     Display::Setting setting;
     setting.platform = "wayland";
-    setting.runtimeDir = directory.path().toLocal8Bit();
+    setting.pluginFolders = folder.path();
+    setting.runtimeDir = m_directory->path().toLocal8Bit();
     setting.waylandDisplay = "wayland-0";
-    QByteArray request;
-    {
-        const Listener listener(setting.runtimeDir + "/wayland-0", true);
-        const Kind kind = Display::find(setting);
-        const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
-        const bool hasPlugin = !plugins.entryList({QStringLiteral("libqwayland-*")}).isEmpty();
-        QCOMPARE(kind, hasPlugin ? Kind::Wayland : Kind::None);
-        QTRY_COMPARE(listener.request().size(), 12);
-        request = listener.request();
-    }
+    Listener listener(setting.runtimeDir + "/wayland-0", 12, QByteArray("done"));
+    QVERIFY(Display::find(setting));
+    const QByteArray request = listener.request();
+    QCOMPARE(request.size(), 12);
     std::array<uint32_t, 3> words;
     std::memcpy(words.data(), request.constData(), sizeof(words));
     QCOMPARE(words[0], 1U);
@@ -142,14 +265,30 @@ void TestDisplay::readsOptionsBeforeTheEnvironment()
 {
     qputenv("DISPLAY", ":1");
     qputenv("QT_QPA_PLATFORM", "minimal");
-    Display::Setting setting = Display::setting(QByteArray(), QByteArray());
+    qputenv("QT_QPA_PLATFORM_PLUGIN_PATH", "/env");
+    Display::Setting setting = Display::setting({}, {}, {});
     QCOMPARE(setting.display, QByteArray(":1"));
     QCOMPARE(setting.platform, QByteArray("minimal"));
-    QVERIFY(!setting.displayFromOption);
-    setting = Display::setting("xcb", ":2");
+    QVERIFY(!setting.wantsX);
+    QVERIFY(setting.pluginFolders.contains(QStringLiteral("/env")));
+
+    setting = Display::setting({}, ":2", "/option");
     QCOMPARE(setting.display, QByteArray(":2"));
-    QCOMPARE(setting.platform, QByteArray("xcb"));
-    QVERIFY(setting.displayFromOption);
+    QCOMPARE(setting.platform, QByteArray("minimal"));
+    QVERIFY(setting.wantsX);
+    QVERIFY(setting.pluginFolders.contains(QStringLiteral("/option")));
+    QVERIFY(!setting.pluginFolders.contains(QStringLiteral("/env")));
+
+    setting = Display::setting("wayland", ":2", {});
+    QCOMPARE(setting.platform, QByteArray("wayland"));
+    QVERIFY(!setting.wantsX);
+}
+
+void TestDisplay::knowsTheToolkitsPlugins()
+{
+    // The library that this test runs with brings the plug-in for windows that nobody sees.
+    Display::Setting setting = Display::setting("offscreen", {}, {});
+    QCOMPARE(Display::find(setting).value_or("none"), QByteArray("offscreen"));
 }
 
 QTEST_GUILESS_MAIN(TestDisplay)

@@ -15,7 +15,9 @@ namespace
 class Redirection
 {
 public:
-    Redirection(int descriptor, int target) : m_descriptor(descriptor), m_before(dup(descriptor))
+    Redirection(int descriptor, int target)
+        : m_descriptor(descriptor)
+        , m_before(dup(descriptor))
     {
         dup2(target, descriptor);
     }
@@ -43,7 +45,8 @@ int pipeWith(const QByteArray &data)
 }
 } // namespace
 
-/** Runs that are handed over, with a client that notes its arguments and its last one's contents. */
+/** Runs that are handed over, with a client that notes its arguments and its last one's contents.
+ */
 class TestEntry : public QObject
 {
     Q_OBJECT
@@ -94,12 +97,13 @@ void TestEntry::installClient(const QByteArray &end)
 {
     QFile client(path("usr/bin/lpr.orig"));
     QVERIFY(client.open(QIODevice::WriteOnly));
-    client.write("#!/bin/sh\nprintf '%s\\0' \"$@\" > \"$VESK_RELOCATED_ROOT/argv\"\n"
-                 "for last do :; done\n"
-                 "if [ -f \"$last\" ]; then cat \"$last\" > \"$VESK_RELOCATED_ROOT/document\"; fi\n"
-                 + end + '\n');
-    QVERIFY(client.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner
-                                  | QFileDevice::WriteOwner));
+    client.write(
+        "#!/bin/sh\nprintf '%s\\0' \"$@\" > \"$VESK_RELOCATED_ROOT/argv\"\n"
+        "for last do :; done\n"
+        "if [ -f \"$last\" ]; then cat \"$last\" > \"$VESK_RELOCATED_ROOT/document\"; fi\n" +
+        end + '\n');
+    QVERIFY(client.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner |
+                                  QFileDevice::WriteOwner));
 }
 
 int TestEntry::run(const QList<QByteArray> &arguments, const QByteArray &input)
@@ -152,7 +156,8 @@ void TestEntry::handsOver_data()
     QTest::addColumn<QList<QByteArray>>("passed");
     QTest::addColumn<bool>("companion");
 
-    const auto same = [](const char *name, const QList<QByteArray> &arguments, bool companion = false) {
+    const auto same = [](const char *name, const QList<QByteArray> &arguments,
+                         bool companion = false) {
         QTest::newRow(name) << arguments << arguments << companion;
     };
     same("unknown option", {"-Z", "file.ps"});

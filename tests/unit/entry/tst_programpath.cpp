@@ -13,7 +13,8 @@ bool makeFile(const QString &path, QFileDevice::Permissions permissions)
     return file.open(QIODevice::WriteOnly) && file.setPermissions(permissions);
 }
 
-constexpr auto Executable = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
+constexpr auto Executable =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner;
 constexpr auto Plain = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 } // namespace
 
@@ -31,7 +32,10 @@ private slots:
     void findsNothingTooHighUp();
 
 private:
-    QString path(const char *name) const { return m_directory->filePath(QString::fromLatin1(name)); }
+    QString path(const char *name) const
+    {
+        return m_directory->filePath(QString::fromLatin1(name));
+    }
     std::unique_ptr<QTemporaryDir> m_directory;
 };
 
@@ -89,6 +93,7 @@ void TestProgramPath::findsFoldersBesideTheProgram()
     for (const char *name : {"mfp/bin", "mfp/plugins", "other/plugins", ".hidden/plugins", "none"})
         QVERIFY(base.mkpath(QString::fromLatin1(name)));
     QVERIFY(makeFile(path("file"), Plain));
+    QVERIFY(makeFile(path("none/plugins"), Plain));
     QStringList found = pluginDirectories(nullptr, path("mfp/bin/vesk"));
     found.sort();
     QCOMPARE(found, (QStringList{path("mfp/plugins"), path("other/plugins")}));

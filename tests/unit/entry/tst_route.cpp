@@ -19,7 +19,8 @@ void TestRoute::routes_data()
 
     QTest::newRow("file") << QStringLiteral("lpr f") << false << false;
     QTest::newRow("nothing") << QStringLiteral("lpr") << false << false;
-    QTest::newRow("known options") << QStringLiteral("lpr -P a -# 2 -o b -h -p -T t f") << false << false;
+    QTest::newRow("known options")
+        << QStringLiteral("lpr -P a -# 2 -o b -h -p -T t f") << false << false;
     QTest::newRow("unknown option") << QStringLiteral("lpr -Z f") << false << true;
     QTest::newRow("missing argument") << QStringLiteral("lpr f -P") << false << true;
     QTest::newRow("window off") << QStringLiteral("lpr --ui False f") << false << true;

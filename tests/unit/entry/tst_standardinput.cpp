@@ -77,10 +77,12 @@ private slots:
     void givesUpOnASilentInput();
     void takesAnEmptyInputAsNothing();
     void takesAClosedDescriptorAsNothing();
+    void takesAWriteOnlyInputAsNothing();
     void waitsWhereReadingDoesNotBlock();
     void refusesWhatCannotBeRead();
     void refusesWhatCannotBeStored();
     void dropsTheInputWithoutATemporaryFile();
+    void removesTheFileOnAnAbort();
     void removesTheFileOnASignal_data();
     void removesTheFileOnASignal();
 
@@ -153,6 +155,13 @@ void TestStandardInput::takesAClosedDescriptorAsNothing()
     QVERIFY(StandardInput::capture(ends[0], ShortPatienceMs, m_error) == Result::Nothing);
 }
 
+void TestStandardInput::takesAWriteOnlyInputAsNothing()
+{
+    const int writeOnly = open("/dev/null", O_WRONLY);
+    QVERIFY(StandardInput::capture(writeOnly, ShortPatienceMs, m_error) == Result::Nothing);
+    close(writeOnly);
+}
+
 void TestStandardInput::waitsWhereReadingDoesNotBlock()
 {
     int ends[2];
@@ -209,15 +218,38 @@ void TestStandardInput::dropsTheInputWithoutATemporaryFile()
     const rlimit few = {64, before.rlim_max};
     QCOMPARE(setrlimit(RLIMIT_NOFILE, &few), 0);
     QList<int> fillers;
-    for (int filler = open("/dev/null", O_RDONLY); filler >= 0; filler = open("/dev/null", O_RDONLY))
+    for (int filler = open("/dev/null", O_RDONLY); filler >= 0;
+         filler = open("/dev/null", O_RDONLY))
         fillers.append(filler);
     const Result result = StandardInput::capture(feed.descriptor(), 10000, m_error);
     for (int filler : fillers)
         close(filler);
     QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
     QVERIFY(!fillers.isEmpty());
-    QVERIFY(result == Result::Nothing);
+    QVERIFY(result == Result::Dropped);
+    QCOMPARE(m_error, std::string("cannot create a temporary file: Too many open files"));
     QCOMPARE(QByteArray(StandardInput::fileName()), QByteArray());
+    QCOMPARE(filesLeft(), QStringList());
+}
+
+void TestStandardInput::removesTheFileOnAnAbort()
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const rlimit noCore = {0, 0};
+        setrlimit(RLIMIT_CORE, &noCore);
+        StandardInput::installSignalHandlers();
+        Feed feed(QByteArray("data"));
+        const bool captured =
+            StandardInput::capture(feed.descriptor(), 10000, m_error) == Result::Captured;
+        if (captured)
+            std::abort();
+        _exit(1);
+    }
+    int status = 0;
+    QCOMPARE(waitpid(child, &status, 0), child);
+    QVERIFY(WIFSIGNALED(status));
+    QCOMPARE(WTERMSIG(status), SIGABRT);
     QCOMPARE(filesLeft(), QStringList());
 }
 

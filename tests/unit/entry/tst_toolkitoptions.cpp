@@ -24,7 +24,10 @@ public:
         for (QByteArray &text : m_texts)
             m_argv.push_back(text.data());
     }
-    ToolkitOptions::Split split() { return ToolkitOptions::split(int(m_argv.size()), m_argv.data()); }
+    ToolkitOptions::Split split()
+    {
+        return ToolkitOptions::split(int(m_argv.size()), m_argv.data());
+    }
 
 private:
     std::vector<QByteArray> m_texts;
@@ -49,13 +52,22 @@ void TestToolkitOptions::splits_data()
     QTest::addColumn<QStringList>("toolkit");
     QTest::addColumn<QStringList>("rest");
 
-    const QStringList withValue = {
-        QStringLiteral("style"), QStringLiteral("stylesheet"), QStringLiteral("platform"),
-        QStringLiteral("platformtheme"), QStringLiteral("plugin"),
-        QStringLiteral("platformpluginpath"), QStringLiteral("qwindowgeometry"),
-        QStringLiteral("geometry"), QStringLiteral("qwindowicon"), QStringLiteral("icon"),
-        QStringLiteral("qwindowtitle"), QStringLiteral("title"), QStringLiteral("session"),
-        QStringLiteral("display"), QStringLiteral("name")};
+    const QStringList withValue = {QStringLiteral("style"),
+                                   QStringLiteral("stylesheet"),
+                                   QStringLiteral("platform"),
+                                   QStringLiteral("platformtheme"),
+                                   QStringLiteral("plugin"),
+                                   QStringLiteral("platformpluginpath"),
+                                   QStringLiteral("qwindowgeometry"),
+                                   QStringLiteral("geometry"),
+                                   QStringLiteral("qwindowicon"),
+                                   QStringLiteral("icon"),
+                                   QStringLiteral("qwindowtitle"),
+                                   QStringLiteral("title"),
+                                   QStringLiteral("session"),
+                                   QStringLiteral("display"),
+                                   QStringLiteral("name"),
+                                   QStringLiteral("qmljsdebugger")};
     for (const QString &name : withValue) {
         const QString option = QLatin1Char('-') + name;
         QTest::newRow(qPrintable(name))
@@ -80,7 +92,8 @@ void TestToolkitOptions::splits_data()
     row("no inline display", "lpr -display=:1 f", "lpr", "lpr -display=:1 f");
     row("value missing", "lpr f -display", "lpr", "lpr f -display");
     row("after the end of options", "lpr -- -display :1", "lpr", "lpr -- -display :1");
-    row("own options", "lpr -P lp1 -o a=1 -# 2 -T t -n 3 f", "lpr", "lpr -P lp1 -o a=1 -# 2 -T t -n 3 f");
+    row("own options", "lpr -P lp1 -o a=1 -# 2 -T t -n 3 f", "lpr",
+        "lpr -P lp1 -o a=1 -# 2 -T t -n 3 f");
     row("unknown option", "lpr -Z f", "lpr", "lpr -Z f");
     row("mixed", "lpr a -display :1 -P x b", "lpr -display :1", "lpr a -P x b");
     row("alone dash", "lpr - -reverse", "lpr -reverse", "lpr -");
@@ -99,10 +112,12 @@ void TestToolkitOptions::splits()
 void TestToolkitOptions::namesDisplayAndPlatform()
 {
     Arguments given({QStringLiteral("lpr"), QStringLiteral("-display"), QStringLiteral(":7"),
-                     QStringLiteral("--platform"), QStringLiteral("xcb")});
+                     QStringLiteral("--platform"), QStringLiteral("xcb"),
+                     QStringLiteral("-platformpluginpath"), QStringLiteral("/p")});
     const ToolkitOptions::Split split = given.split();
     QCOMPARE(split.display, QByteArray(":7"));
     QCOMPARE(split.platform, QByteArray("xcb"));
+    QCOMPARE(split.platformPluginPath, QByteArray("/p"));
 }
 
 void TestToolkitOptions::leavesBothUnnamed()
@@ -111,6 +126,7 @@ void TestToolkitOptions::leavesBothUnnamed()
     const ToolkitOptions::Split split = given.split();
     QVERIFY(split.display.isNull());
     QVERIFY(split.platform.isNull());
+    QVERIFY(split.platformPluginPath.isNull());
 }
 
 void TestToolkitOptions::takesAnEmptyVector()
