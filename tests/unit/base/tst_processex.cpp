@@ -1,4 +1,5 @@
 #include "ProcessEx.h"
+#include "SignalDisposition.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -32,6 +33,8 @@ private slots:
     void outputIsDropped();
     void waitsThroughSignals();
     void leavesNoChild();
+    void keepsTheStatusWhereChildrenAreIgnored();
+    void childIgnoresNoBrokenPipe();
 };
 
 namespace
@@ -198,6 +201,22 @@ void tst_ProcessEx::waitsThroughSignals()
     sigaction(SIGALRM, &before, nullptr);
     QCOMPARE(status, 9);
     QVERIFY(count > 0);
+}
+
+void tst_ProcessEx::keepsTheStatusWhereChildrenAreIgnored()
+{
+    const SignalDisposition ignored(SIGCHLD, SIG_IGN);
+    QCOMPARE(ProcessEx::execute(QByteArray("/bin/sh"), {"-c", "exit 7"}), 7);
+    struct sigaction after = {};
+    QCOMPARE(sigaction(SIGCHLD, nullptr, &after), 0);
+    QVERIFY(after.sa_handler == SIG_IGN);
+}
+
+void tst_ProcessEx::childIgnoresNoBrokenPipe()
+{
+    const SignalDisposition ignored(SIGPIPE, SIG_IGN);
+    const char *script = "kill -PIPE $$; exit 0";
+    QCOMPARE(ProcessEx::execute(QByteArray("/bin/sh"), {"-c", script}), ProcessEx::DidNotExit);
 }
 
 void tst_ProcessEx::leavesNoChild()
