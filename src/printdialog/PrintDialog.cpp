@@ -44,6 +44,9 @@ DestinationState lookUp(const QString &queue)
     CUPSPrinter printer;
     if (_CUPS->findPrinter(queue, printer, false))
         return DestinationState(printer.attributes);
+    // A server that has not answered will not answer the next question; it would only cost time.
+    if (_CUPS->lastStatus() == 0)
+        return {};
     ClassInfo printerClass;
     if (_CUPS->findClass(queue, printerClass))
         return DestinationState(printerClass);

@@ -1,5 +1,6 @@
 #include "DialogTest.h"
 #include "PrintDialog.h"
+#include "ServerConnection.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -13,6 +14,9 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace DialogTest;
@@ -42,6 +46,7 @@ private slots:
     void states();
     void vanishedDestination();
     void serverGoesAway();
+    void serverThatDoesNotAnswer();
     void longAndHostileTexts();
     void devicePicture_data();
     void devicePicture();
@@ -151,6 +156,40 @@ public:
     ~ServerAway() { cupsSetServer(nullptr); }
     ServerAway(const ServerAway &) = delete;
     ServerAway &operator=(const ServerAway &) = delete;
+};
+
+/** Puts a server in place that takes connections and says nothing, for as long as it lives. */
+class SilentServer
+{
+public:
+    SilentServer()
+        : m_limits(ServerConnection::limits())
+        , m_socket(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
+    {
+        const QByteArray path = m_folder.filePath(u"cups.sock"_s).toLocal8Bit();
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        qstrncpy(address.sun_path, path.constData(), sizeof address.sun_path);
+        if (bind(m_socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
+            listen(m_socket, 16) != 0)
+            qFatal("cannot listen at %s", path.constData());
+        cupsSetServer(path.constData());
+        // Longer in all than the dialog's patience with an empty list.
+        ServerConnection::limits() = {1000, 0.2, 2200};
+    }
+    ~SilentServer()
+    {
+        ServerConnection::limits() = m_limits;
+        cupsSetServer(nullptr);
+        close(m_socket);
+    }
+    SilentServer(const SilentServer &) = delete;
+    SilentServer &operator=(const SilentServer &) = delete;
+
+private:
+    ServerConnection::Limits m_limits;
+    QTemporaryDir m_folder;
+    int m_socket;
 };
 
 /** Sets an environment variable for as long as it lives. */
@@ -460,9 +499,28 @@ void TestPrintDialog::serverGoesAway()
     choose(u"Photo"_s);
     QCOMPARE(m_dialog->destination(), u"Photo"_s);
     QCOMPARE(text("StatusText"), QString::fromLatin1(notFoundStatus));
+    QCOMPARE(m_dialog->options().destination(), u"Photo"_s);
     QVERIFY(!button("OkButton")->isEnabled());
     m_dialog->StartPrinter();
     QCOMPARE(text("StatusText"), QString::fromLatin1(notFoundStatus));
+}
+
+void TestPrintDialog::serverThatDoesNotAnswer()
+{
+    make();
+    const SilentServer silent;
+    unsigned before = ServerConnection::openings();
+    choose(u"Photo"_s);
+    QCOMPARE(text("StatusText"), QString::fromLatin1(notFoundStatus));
+    QVERIFY(!button("OkButton")->isEnabled());
+    // The saved options and the printer are asked for, a class is not.
+    QCOMPARE(ServerConnection::openings() - before, 2U);
+
+    // It is asked for its destinations once, not 20 times.
+    before = ServerConnection::openings();
+    make();
+    QCOMPARE(combo()->count(), 0);
+    QCOMPARE(ServerConnection::openings() - before, 1U);
 }
 
 void TestPrintDialog::longAndHostileTexts()
@@ -1053,9 +1111,10 @@ void TestPrintDialog::escapeRejects()
     const QMap<QString, QString> before = valuesOf(m_dialog->options());
     find<QAbstractButton>("OddPagesRadio")->click();
     find<QSpinBox>("CopiesSpinBox")->setValue(2);
-    QTimer::singleShot(0, m_dialog.get(),
-                       [this] { QTest::keyClick(m_dialog.get(), Qt::Key_Escape); });
-    QCOMPARE(m_dialog->exec(), int(QDialog::Rejected));
+    show();
+    QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
+    QVERIFY(!m_dialog->isVisible());
+    QCOMPARE(m_dialog->result(), int(QDialog::Rejected));
     QCOMPARE(valuesOf(m_dialog->options()), before);
 }
 
