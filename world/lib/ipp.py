@@ -1,5 +1,6 @@
 """A small IPP client (RFC 8010, RFC 8011) over a local socket: enough to look at a server."""
 
+import base64
 import http.client
 import socket
 import struct
@@ -31,7 +32,7 @@ class _Connection(http.client.HTTPConnection):
         self.sock.connect(self._path)
 
 
-def request(socket_path, operation, attributes, resource="/", user="root"):
+def request(socket_path, operation, attributes, resource="/", user="root", password=None):
     """
     Sends a request whose operation attributes are (tag, name, values), as `user`, and returns the status and
     the groups of the answer, each a map from a name to the list of its values.
@@ -39,10 +40,13 @@ def request(socket_path, operation, attributes, resource="/", user="root"):
     body = struct.pack(">BBHI", 2, 0, operation, 1) + bytes([_OPERATION])
     for attribute in (*_FIRST, *attributes, (_NAME, "requesting-user-name", [user])):
         body += _encoded(*attribute)
+    headers = {"Content-Type": "application/ipp"}
+    if password is not None:
+        login = base64.b64encode(("%s:%s" % (user, password)).encode()).decode()
+        headers["Authorization"] = "Basic " + login
     connection = _Connection(socket_path)
     try:
-        connection.request("POST", resource, body + bytes([_END]),
-                           {"Content-Type": "application/ipp"})
+        connection.request("POST", resource, body + bytes([_END]), headers)
         answer = connection.getresponse()
         if answer.status != 200:
             raise RuntimeError("HTTP status %d" % answer.status)
@@ -63,10 +67,10 @@ def default_printer(socket_path):
     return groups[-1]["printer-name"][0]
 
 
-def pause_printer(socket_path, name, user):
+def pause_printer(socket_path, name, user, password=None):
     """Asks as `user` to stop a queue. A refusal is raised."""
     request(socket_path, _PAUSE_PRINTER, [
-        (_URI, "printer-uri", ["ipp://localhost/printers/" + name])], "/admin/", user)
+        (_URI, "printer-uri", ["ipp://localhost/printers/" + name])], "/admin/", user, password)
 
 
 def job(socket_path, number):

@@ -4,6 +4,7 @@ import os
 import shutil
 
 import processes
+import server
 from processes import mount
 
 _NOSUID = 2
@@ -52,6 +53,8 @@ def enter(options, root, user):
     processes.unshare(processes.CLONE_NEWNS)
     _isolate()
     _copy_display_key(root, user)
+    if options.auth:
+        _bind(server.write_login(root), "/etc/pam.d/cups")
     if options.install:
         _bind(options.install, _folder(root, "opt/Tarvel/mfp"))
     place = os.getcwd()

@@ -64,6 +64,10 @@ PreserveJobFiles Yes
 </Policy>
 """
 
+_LOGIN = """auth required pam_exec.so expose_authtok quiet {check}
+account required pam_permit.so
+"""
+
 #: Raw data is taken, as Debian sets its servers up.
 _RAW_TYPES = "application/octet-stream\n"
 _RAW_CONVERSIONS = "application/octet-stream application/vnd.cups-raw 0 -\n"
@@ -100,6 +104,18 @@ def write_settings(root, auth):
     if os.getuid() == 0:
         for name in ("pages", "var/cache/cups", "var/spool/cups", "var/spool/cups/tmp"):
             os.chown(os.path.join(root, name), 0, user.gid)
+
+
+def write_login(root):
+    """
+    Writes the login rules that know one user, root, with the password "secret", and returns their
+    path. They are to be shown as those of the service "cups".
+    """
+    check = os.path.join(root, "bin/check-password")
+    _copy_program(os.path.join(_HERE, "server/check-password"), check)
+    rules = os.path.join(root, "login")
+    write(rules, _LOGIN.format(check=check))
+    return rules
 
 
 def _gather_programs(root):

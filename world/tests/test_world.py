@@ -118,6 +118,24 @@ print(json.dumps(seen))""")
         idle, stopped = [3], [5]
         self.assertEqual(seen, ["HTTP status 401", idle, stopped])
 
+    def test_administration_with_a_password(self):
+        if _mode:
+            run = world("--auth", command=["true"])
+            self.assertEqual(run.returncode, 2)
+            self.assertIn("--auth needs the private namespaces", run.stderr)
+            return
+        seen = inside("--auth", code="""
+seen = []
+for user, password in (("root", None), ("root", "wrong"), ("lp", "secret"), ("root", "secret")):
+    try:
+        ipp.pause_printer(socket, "Laser", user, password)
+    except RuntimeError as error:
+        seen.append(str(error))
+    seen.append(ipp.printers(socket, "printer-state")["Laser"]["printer-state"][0])
+print(json.dumps(seen))""")
+        idle, stopped, refused = 3, 5, "HTTP status 401"
+        self.assertEqual(seen, [refused, idle, refused, idle, refused, idle, stopped])
+
     def test_no_server(self):
         run = shell("--no-server", script="lpstat -r")
         self.assertIn("scheduler is not running", run.stdout)
