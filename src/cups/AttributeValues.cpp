@@ -47,7 +47,7 @@ bool isNamed(ipp_attribute_t *attribute, const char *name)
 QString text(ipp_attribute_t *attribute, int index)
 {
     const auto value = bytes(attribute, index);
-    return value ? QString::fromLatin1(value->data(), static_cast<qsizetype>(value->size()))
+    return value ? QString::fromUtf8(value->data(), static_cast<qsizetype>(value->size()))
                  : QString();
 }
 

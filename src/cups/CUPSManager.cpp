@@ -5,9 +5,15 @@
 #include "Requests.h"
 #include "ServerConnection.h"
 #include "SystemPaths.h"
+#include "WireText.h"
+
+#include <QUrl>
 
 #include <optional>
 #include <utility>
+
+using WireText::fromWire;
+using WireText::toWire;
 
 namespace
 {
@@ -62,7 +68,7 @@ bool passes(const CUPSPrinter &printer, const char *filter)
 {
     if (!filter)
         return true;
-    const QString text = QString::fromLatin1(filter);
+    const QString text = fromWire(filter);
     return printer.driver.make.contains(text, Qt::CaseInsensitive) ||
            printer.driver.model.contains(text, Qt::CaseInsensitive);
 }
@@ -70,7 +76,10 @@ bool passes(const CUPSPrinter &printer, const char *filter)
 /** The URI under which the server is told of `name`, a printer or class as `folder` says. */
 QByteArray uriOf(const char *folder, const QString &name)
 {
-    const QByteArray path = QByteArray("/") + folder + '/' + name.toLatin1();
+    // The server refuses other characters unless they are encoded.
+    constexpr char AllowedInPath[] = "!$&'()*+,;=:@";
+    const QByteArray path =
+        QByteArray("/") + folder + '/' + QUrl::toPercentEncoding(name, AllowedInPath);
     if (fileExists(SystemPaths::serverSocket()))
         return "ipp://localhost" + path;
     return QByteArray("ipp://") + cupsServer() + ':' + QByteArray::number(ippPort()) + path;
@@ -99,7 +108,7 @@ std::optional<QString> classNameOf(CUPSManager &manager, const char *uri)
     if (!manager.execute(request))
         return std::nullopt;
     for (const ClassInfo &cls : recordsOf<ClassInfo>(request.response())) {
-        if (cls.uri == QString::fromLatin1(uri))
+        if (cls.uri == fromWire(uri))
             return cls.name;
     }
     return QString();
@@ -117,10 +126,10 @@ std::optional<QString> nameOf(CUPSManager &manager, const char *uri)
 void removeFromSavedDestinations(const QString &name)
 {
     Cups::DestinationArray saved = Destinations::saved();
-    if (!saved.find(name.toLatin1().constData(), nullptr))
+    if (!saved.find(toWire(name).constData(), nullptr))
         return;
     saved.countRef() =
-        cupsRemoveDest(name.toLatin1().constData(), nullptr, saved.count(), saved.dataRef());
+        cupsRemoveDest(toWire(name).constData(), nullptr, saved.count(), saved.dataRef());
     if (!Destinations::writeSaved(saved))
         qWarning("CUPSManager: the saved options of <%s> were not removed", qUtf8Printable(name));
 }
@@ -219,7 +228,7 @@ bool CUPSManager::findPrinter(const QString &name, CUPSPrinter &out, bool vendor
     // The list begins at the printer and ends there: all of a thousand printers with their
     // attributes keep the user waiting.
     Requests::GetPrinters request(0, 0);
-    request.addName("first-printer-name", name.toLatin1().constData(), IPP_TAG_OPERATION);
+    request.addName("first-printer-name", toWire(name).constData(), IPP_TAG_OPERATION);
     request.addInteger("limit", 1, IPP_TAG_INTEGER, IPP_TAG_OPERATION);
     QMap<QString, CUPSPrinter> printers;
     addPrinters(*this, request, printers,
@@ -273,8 +282,8 @@ QString CUPSManager::defaultPrinterName()
 {
     const Cups::HttpPtr http = ServerConnection::open();
     // Without a connection the library would open one of its own, and wait for it without limit.
-    return http ? QString::fromLatin1(cupsGetDefault2(http.get()))
-                : QString::fromLatin1(Destinations::environmentDefault());
+    return http ? fromWire(cupsGetDefault2(http.get()))
+                : fromWire(Destinations::environmentDefault());
 }
 
 bool CUPSManager::startPrinter(const char *uri)
@@ -291,7 +300,7 @@ bool CUPSManager::stopPrinter(const char *uri)
 
 bool CUPSManager::setDefaultPrinter(const QString &uri)
 {
-    Requests::SetDefaultPrinter request(uri.toLatin1().constData());
+    Requests::SetDefaultPrinter request(toWire(uri).constData());
     return execute(request);
 }
 
@@ -312,10 +321,10 @@ bool CUPSManager::cancelJob(const char *jobUri)
 bool CUPSManager::printFile(const CUPSPrinter &printer, const PrintJob &job)
 {
     const PrinterInfo &info = printer.attributes;
-    Requests::PrintFile request(info.name.toLatin1().constData());
-    request.addUri(PrinterUri, info.uris.value(0).toLatin1().constData(), Operation);
-    request.addName("job-name", job.title.toLatin1().constData(), Operation);
-    request.addMimeType("document-format", job.format.toLatin1().constData(), Operation);
+    Requests::PrintFile request(toWire(info.name).constData());
+    request.addUri(PrinterUri, toWire(info.uris.value(0)).constData(), Operation);
+    request.addName("job-name", toWire(job.title).constData(), Operation);
+    request.addMimeType("document-format", toWire(job.format).constData(), Operation);
     request.setFileName(job.file);
     return execute(request);
 }
@@ -334,25 +343,24 @@ bool CUPSManager::modifyPrinter(const CUPSPrinter &printer)
     const QByteArray uri = uriOf("printers", info.name);
     Requests::AddPrinter request;
     request.addUri(PrinterUri, uri.constData(), Operation);
-    request.addUri("device-uri", info.localUri.toLatin1().constData(), Operation);
+    request.addUri("device-uri", toWire(info.localUri).constData(), Operation);
     request.addInteger("printer-state", info.state, IPP_TAG_ENUM, Operation);
     request.addBoolean("printer-is-accepting-jobs", info.acceptingJobs, Operation);
-    request.addText("printer-info", info.description.toLatin1().constData(), Operation);
-    request.addText("printer-location", info.location.toLatin1().constData(), Operation);
+    request.addText("printer-info", toWire(info.description).constData(), Operation);
+    request.addText("printer-location", toWire(info.location).constData(), Operation);
     if (!execute(request))
         return false;
     if (printer.ppdName.isEmpty())
         return true;
-    return setPpdName(*this, uri, QByteArray()) &&
-           setPpdName(*this, uri, printer.ppdName.toLatin1());
+    return setPpdName(*this, uri, QByteArray()) && setPpdName(*this, uri, toWire(printer.ppdName));
 }
 
 bool CUPSManager::modifyClass(const ClassInfo &cls)
 {
     Requests::AddClass request;
     request.addUri(PrinterUri, uriOf("classes", cls.name).constData(), Operation);
-    request.addText("printer-location", cls.location.toLatin1().constData(), Operation);
-    request.addText("printer-info", cls.description.toLatin1().constData(), Operation);
+    request.addText("printer-location", toWire(cls.location).constData(), Operation);
+    request.addText("printer-info", toWire(cls.description).constData(), Operation);
     request.addInteger("printer-state", cls.state, IPP_TAG_ENUM, Operation);
     request.addBoolean("printer-is-accepting-jobs", cls.acceptingJobs, Operation);
     request.addMemberUris(cls.memberUris);
@@ -367,7 +375,7 @@ bool CUPSManager::deletePrinter(const char *uri)
     if (!name)
         return false;
     removeFromSavedDestinations(*name);
-    if (!removeFromClasses(*this, *name, QString::fromLatin1(uri)))
+    if (!removeFromClasses(*this, *name, fromWire(uri)))
         return false;
     Requests::DeletePrinter request(uri);
     return execute(request);

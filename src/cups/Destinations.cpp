@@ -3,6 +3,7 @@
 #include "AttributeValues.h"
 #include "SavedOptionsFile.h"
 #include "ServerConnection.h"
+#include "WireText.h"
 
 #include <algorithm>
 #include <array>
@@ -111,8 +112,8 @@ QList<Entry> entriesOf(const Cups::DestinationArray &destinations)
     QList<Entry> entries;
     entries.reserve(destinations.count());
     for (const cups_dest_t &destination : destinations)
-        entries.append({QString::fromLatin1(destination.name),
-                        QString::fromLatin1(destination.instance), destination.is_default != 0});
+        entries.append({WireText::fromWire(destination.name),
+                        WireText::fromWire(destination.instance), destination.is_default != 0});
     return entries;
 }
 

@@ -3,6 +3,9 @@
 #include "AttributeValues.h"
 #include "DiagnosticLog.h"
 #include "ServerConnection.h"
+#include "WireText.h"
+
+#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -50,7 +53,7 @@ public:
     void set(const QString &text)
     {
         forget();
-        m_text = text.toLatin1();
+        m_text = WireText::toWire(text);
     }
     void forget()
     {
@@ -207,7 +210,7 @@ bool IPPRequest::send(const char *resource)
 {
     if (!m_request)
         return false;
-    const QByteArray target = resource ? QByteArray(resource) : m_resource.toLatin1();
+    const QByteArray target = resource ? QByteArray(resource) : WireText::toWire(m_resource);
     if (target.isEmpty())
         return false;
     m_http = ServerConnection::open().release();
@@ -216,7 +219,7 @@ bool IPPRequest::send(const char *resource)
 
     logLine("Requesting operation 0x%x...", static_cast<unsigned>(ippGetOperation(m_request)));
     dumpAttributes(m_request);
-    const QByteArray file = m_fileName.toLatin1();
+    const QByteArray file = QFile::encodeName(m_fileName);
     m_response = cupsDoFileRequest(m_http, std::exchange(m_request, nullptr), target.constData(),
                                    file.isEmpty() ? nullptr : file.constData());
     dumpAttributes(m_response);
@@ -386,7 +389,7 @@ void IPPRequest::addUris(const char *name, const QStringList &values, int group)
         ippAddStrings(m_request, static_cast<ipp_tag_t>(group), IPP_TAG_URI, name,
                       static_cast<int>(values.size()), nullptr, nullptr);
     for (int i = 0; i < values.size(); ++i)
-        ippSetString(m_request, &attribute, i, values.at(i).toLatin1().constData());
+        ippSetString(m_request, &attribute, i, WireText::toWire(values.at(i)).constData());
 }
 
 void IPPRequest::addMemberUris(const QStringList &uris)

@@ -2,6 +2,9 @@
 
 #include "AttributeLog.h"
 #include "AttributeValues.h"
+#include "WireText.h"
+
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -35,9 +38,9 @@ constexpr std::array Fields = {
 
 JobInfo::JobInfo(const cups_job_t &job)
     : jobId(job.id)
-    , name(QString::fromLatin1(job.title))
-    , printer(QString::fromLatin1(job.dest))
-    , user(QString::fromLatin1(job.user))
+    , name(WireText::fromWire(job.title))
+    , printer(QUrl::fromPercentEncoding(job.dest)) // a piece of the printer's URI
+    , user(WireText::fromWire(job.user))
     , kOctets(job.size)
     , timeAtCreation(static_cast<int>(job.creation_time))
     , state(job.state)

@@ -1,5 +1,7 @@
 #include "Requests.h"
 
+#include "WireText.h"
+
 namespace
 {
 constexpr char PrintersResource[] = "/printers/";
@@ -19,7 +21,7 @@ namespace Requests
 PrintFile::PrintFile(const char *printerName)
     : IPPRequest(IPP_OP_PRINT_JOB)
 {
-    m_resource = QString::fromLatin1(PrintersResource) + QString::fromLatin1(printerName);
+    m_resource = QString::fromLatin1(PrintersResource) + WireText::fromWire(printerName);
     addName(RequestingUserName, cupsUser(), Operation);
 }
 

@@ -292,7 +292,7 @@ void TestDestinations::listOfHostileNames()
     all.group(4).attribute(0x13, "printer-name", "");
     addQueue(all, "");
     addQueue(all, QByteArray(1000, 'x'));
-    addQueue(all, "../L\xe4 ser");
+    addQueue(all, "../L\xc3\xa4 ser");
     m_server->setHandler([all](const auto &) { return FakeIppServer::ok(all); });
     QStringList names;
     for (const Entry &entry : Destinations::listWithoutDiscovery())
@@ -301,10 +301,10 @@ void TestDestinations::listOfHostileNames()
     QVERIFY(!names.contains(QStringLiteral("no printer")));
     // Nor does it matter what the server says of one that it was asked for.
     IppBytes one = IppBytes::response();
-    addQueue(one, "../L\xe4 ser");
+    addQueue(one, "../L\xc3\xa4 ser");
     m_server->setHandler([one](const auto &) { return FakeIppServer::ok(one); });
     for (const QString &name : std::as_const(names)) {
-        const auto found = Destinations::named(name.toLatin1().constData(), nullptr);
+        const auto found = Destinations::named(name.toUtf8().constData(), nullptr);
         QCOMPARE(found.count(), name == QStringLiteral("../L\u00e4 ser") ? 1 : 0);
     }
 }

@@ -170,7 +170,7 @@ void TestDirectory::printerField_data()
                         const QVariant &value) {
         QTest::addRow("%s", title) << message.bytes() << field << value;
     };
-    const auto text = [](const char *value) { return QVariant(QString::fromLatin1(value)); };
+    const auto text = [](const char *value) { return QVariant(QString::fromUtf8(value)); };
     const auto list = [](const char *values) {
         return QVariant(QString::fromLatin1(values).split(u','));
     };
@@ -179,8 +179,11 @@ void TestDirectory::printerField_data()
         "printer-name", printerResponse().name("printer-name", "Laser"),
         [](const auto &info) { return info.name; }, text("Laser"));
     row(
-        "printer-name in Latin-1", printerResponse().name("printer-name", "L\xe4ser"),
-        [](const auto &info) { return info.name; }, text("L\xe4ser"));
+        "printer-name in UTF-8", printerResponse().name("printer-name", "L\xc3\xa4ser"),
+        [](const auto &info) { return info.name; }, QStringLiteral("L\u00e4ser"));
+    row(
+        "printer-name that is no UTF-8", printerResponse().name("printer-name", "L\xe4ser"),
+        [](const auto &info) { return info.name; }, QStringLiteral("L\ufffdser"));
     row(
         "printer-name with a language",
         printerResponse().attribute(0x36, "printer-name", QByteArray("\0\2de\0\5Laser", 11)),

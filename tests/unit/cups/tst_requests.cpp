@@ -89,7 +89,7 @@ IppBytes modifyPrinterBytes(const QByteArray &uri)
         .uri("device-uri", "usb://Laser")
         .integer(0x23, "printer-state", 5)
         .boolean("printer-is-accepting-jobs", 1)
-        .text("printer-info", "B\xfcro")
+        .text("printer-info", "B\xc3\xbcro")
         .text("printer-location", "2nd floor");
 }
 
@@ -331,7 +331,7 @@ void TestRequests::operationRows()
         {{admin, withUri(0x4009, LaserUri)}, {admin, withUri(0x0010, LaserUri)}});
     row("setDefaultPrinter",
         [] { return _CUPS->setDefaultPrinter(QStringLiteral("as it \u00efs")); },
-        {{admin, withUri(0x400A, "as it \xefs")}});
+        {{admin, withUri(0x400A, "as it \xc3\xafs")}});
     row("cancelJob", [] { return _CUPS->cancelJob("ipp://localhost/jobs/9"); },
         {{"/jobs/", IppBytes::request(0x0008)
                         .uri("job-uri", "ipp://localhost/jobs/9")

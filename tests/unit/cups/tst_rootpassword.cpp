@@ -57,7 +57,7 @@ private slots:
 
     void asksWithTheTexts();
     void sendsThePasswordOfRoot();
-    void passwordIsLatin1();
+    void passwordIsUtf8();
     void confirmedPasswordIsReused();
     void successWithoutChallengeConfirms();
     void wrongPasswordAsksAgain();
@@ -131,9 +131,9 @@ void TestRootPassword::sendsThePasswordOfRoot()
     QCOMPARE(requests.at(1).message, requests.at(0).message);
 }
 
-void TestRootPassword::passwordIsLatin1()
+void TestRootPassword::passwordIsUtf8()
 {
-    m_server->setHandler(letsIn("s\xe4uer"));
+    m_server->setHandler(letsIn("s\xc3\xa4uer"));
     willType({QStringLiteral("s\u00e4uer")});
     QVERIFY(sendOne());
 }
