@@ -46,4 +46,11 @@ Handle open(const char *fileName)
         close(descriptor);
     return Handle(file);
 }
+
+void truncateAll()
+{
+    for (const char *name : {Names::Requests, Names::Printers, Names::Drivers, Names::Jobs,
+                             Names::Classes, Names::Options})
+        open(name);
+}
 } // namespace DiagnosticLog

@@ -17,6 +17,20 @@ struct Closer {
 };
 using Handle = std::unique_ptr<FILE, Closer>;
 
+/** The logs of the program, in the log folder. */
+namespace Names
+{
+constexpr char Requests[] = "ipp_request.log";
+constexpr char Printers[] = "ipp_printer.log";
+constexpr char Drivers[] = "ipp_driver.log";
+constexpr char Jobs[] = "ipp_job.log";
+constexpr char Classes[] = "ipp_class.log";
+constexpr char Options[] = "PrinterOptions.log";
+} // namespace Names
+
 /** Opens and truncates the log `fileName` (a bare file name). Null when that is not possible. */
 Handle open(const char *fileName);
+
+/** Truncates all logs, for a run that does not load what writes them. */
+void truncateAll();
 } // namespace DiagnosticLog

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ChildProcess.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -11,9 +13,9 @@ class ProcessEx
 {
 public:
     /** The program could not be started. */
-    static constexpr int FailedToLaunch = -2;
+    static constexpr int FailedToLaunch = ChildProcess::FailedToLaunch;
     /** The program did not end by itself (a signal killed it). */
-    static constexpr int DidNotExit = -1;
+    static constexpr int DidNotExit = ChildProcess::DidNotExit;
 
     /**
      * Runs `program` with `arguments`, each passed as one argument without a shell, and returns its

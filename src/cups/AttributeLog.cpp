@@ -17,10 +17,10 @@ struct Log {
 };
 
 struct Logs {
-    Log printer{"ipp_printer.log"};
-    Log driver{"ipp_driver.log"};
-    Log job{"ipp_job.log"};
-    Log cls{"ipp_class.log"};
+    Log printer{DiagnosticLog::Names::Printers};
+    Log driver{DiagnosticLog::Names::Drivers};
+    Log job{DiagnosticLog::Names::Jobs};
+    Log cls{DiagnosticLog::Names::Classes};
 };
 
 /** Made by its first user, so that it is there for other static objects as well. */

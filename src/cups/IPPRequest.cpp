@@ -19,7 +19,7 @@ namespace
 /** The request log, opened by its first user. Null when it cannot be opened. */
 FILE *requestLog()
 {
-    static const DiagnosticLog::Handle log = DiagnosticLog::open("ipp_request.log");
+    static const DiagnosticLog::Handle log = DiagnosticLog::open(DiagnosticLog::Names::Requests);
     return log.get();
 }
 

@@ -1,18 +1,24 @@
 #include "DialogRun.h"
 
 #include "HelpLauncher.h"
+#include "InstallationSettings.h"
 #include "LPRArguments.h"
 #include "PasswordPrompt.h"
+#include "PluginDirectories.h"
 #include "Plugins.h"
 #include "PrintDialog.h"
 #include "Translations.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
+
+#include <cstdlib>
 
 namespace
 {
+constexpr const char *PluginDirVariable = "VESK_PLUGIN_DIR";
 const QString DestinationKey = QStringLiteral("P");
 
 QStringList askForFiles()
@@ -28,30 +34,59 @@ PrintDialogServices services()
     return result;
 }
 
-DialogRun::Outcome showPrintDialog(LPRArguments &arguments)
+LPRArguments parse(std::vector<char *> argv)
+{
+    const int argc = static_cast<int>(argv.size());
+    argv.push_back(nullptr);
+    return LPRArguments(argc, argv.data());
+}
+
+std::vector<std::string> encoded(const QStringList &texts)
+{
+    std::vector<std::string> result;
+    for (const QString &text : texts)
+        result.push_back(QFile::encodeName(text).toStdString());
+    return result;
+}
+
+/** Shows the print dialog; after acceptance `arguments` hold what was chosen. */
+bool isAccepted(LPRArguments &arguments)
 {
     PrintDialog dialog(arguments.value(DestinationKey, QString()), PrinterOptions(arguments),
                        services());
     if (dialog.exec() != QDialog::Accepted)
-        return DialogRun::Outcome::Rejected;
+        return false;
     arguments.insert(DestinationKey, dialog.destination());
     arguments.takeFrom(dialog.options());
+    return true;
+}
+
+DialogRun::Outcome showPrintDialog(DialogRun &run)
+{
+    LPRArguments arguments = parse(run.arguments);
+    if (!isAccepted(arguments))
+        return DialogRun::Outcome::Rejected;
+    // The files go along by the names that they came with.
+    arguments.operands.clear();
+    run.clientOptions = encoded(arguments.toArguments());
     return DialogRun::Outcome::Accepted;
 }
 } // namespace
 
 extern "C" Q_DECL_EXPORT DialogRun::Outcome vesk_run_dialogs(DialogRun &run)
 {
+    InstallationSettings::load(run.programPath.c_str());
     int argc = static_cast<int>(run.toolkitArguments.size());
     run.toolkitArguments.push_back(nullptr);
     QApplication application(argc, run.toolkitArguments.data());
-    Plugins::setPluginPaths(run.pluginDirectories);
+    Plugins::setPluginPaths(pluginDirectories(std::getenv(PluginDirVariable),
+                                              QFile::decodeName(run.programPath.c_str())));
     Translations::install({QStringLiteral("vesk"), QStringLiteral("CupsInt"),
                            QStringLiteral("ppdwidgets"), QStringLiteral("printdialog")},
                           {});
     PasswordPrompt::install();
 
-    if (run.files.isEmpty())
-        run.files = askForFiles();
-    return run.files.isEmpty() ? DialogRun::Outcome::NoFiles : showPrintDialog(*run.arguments);
+    if (run.files.empty())
+        run.files = encoded(askForFiles());
+    return run.files.empty() ? DialogRun::Outcome::NoFiles : showPrintDialog(run);
 }

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <QStringList>
-
+#include <string>
 #include <vector>
-
-class LPRArguments;
 
 /**
  * The part of a run that needs windows, kept in a library of its own: runs without a dialog do not
- * load the window toolkit.
+ * load the window toolkit. Only the standard library's types cross the border.
  */
 struct DialogRun {
     enum class Outcome {
-        /** The dialog was accepted: `arguments` and `files` say what to print and how. */
+        /** The dialog was accepted: `clientOptions` and `files` say how to print and what. */
         Accepted,
         /** The print dialog was cancelled. */
         Rejected,
@@ -22,12 +19,14 @@ struct DialogRun {
 
     /** argv for the application object: the program's name and the toolkit's options. */
     std::vector<char *> toolkitArguments;
-    /** Where plug-ins for the properties dialog may lie. */
-    QStringList pluginDirectories;
-    /** The command line; gets the chosen destination and the job options. */
-    LPRArguments *arguments = nullptr;
-    /** What is to be printed; filled from a file dialog when empty. */
-    QStringList files;
+    /** The program's name and the rest of the command line, lpr's. */
+    std::vector<char *> arguments;
+    /** The program's own path. */
+    std::string programPath;
+    /** What is to be printed, by names as they came, in any encoding; asked for where empty. */
+    std::vector<std::string> files;
+    /** After acceptance: the options for the system client, in front of the files. */
+    std::vector<std::string> clientOptions;
 };
 
 /** Shows the dialogs. Makes the application object, so it can be called once in a process. */

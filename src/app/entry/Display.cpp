@@ -1,21 +1,21 @@
 #include "Display.h"
 
-#include <QDir>
-#include <QFile>
-#include <QLibraryInfo>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <poll.h>
 #include <signal.h>
+#include <sstream>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
@@ -23,7 +23,7 @@ namespace
 {
 constexpr char X[] = "xcb";
 constexpr char Wayland[] = "wayland";
-constexpr QLatin1String PlatformFolder("/platforms");
+constexpr char PlatformFolder[] = "/platforms";
 
 /** Closes a descriptor. */
 class Descriptor
@@ -57,10 +57,10 @@ bool becomesReadable(int descriptor)
 }
 
 /** Connects in a child, which can be killed when the display takes the connection and is silent. */
-bool xAnswers(const QByteArray &display)
+bool xAnswers(const std::string &display)
 {
     std::array<int, 2> ends;
-    if (display.isEmpty() || pipe2(ends.data(), O_CLOEXEC) != 0)
+    if (display.empty() || pipe2(ends.data(), O_CLOEXEC) != 0)
         return false;
     const Descriptor reading(ends[0]);
     const pid_t child = fork();
@@ -68,7 +68,7 @@ bool xAnswers(const QByteArray &display)
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         // The library tells on standard error what a display refuses; nobody has asked for it.
         dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
-        xcb_connection_t *connection = xcb_connect(display.constData(), nullptr);
+        xcb_connection_t *connection = xcb_connect(display.c_str(), nullptr);
         const char answer = xcb_connection_has_error(connection) ? 'n' : 'y';
         const bool told = write(ends[1], &answer, 1) == 1;
         _exit(told ? 0 : 1);
@@ -85,23 +85,23 @@ bool xAnswers(const QByteArray &display)
 }
 
 /** The path of the socket, or an empty text where there is none of a length that can be. */
-QByteArray waylandSocket(const Display::Setting &setting)
+std::string waylandSocket(const Display::Setting &setting)
 {
-    if (setting.waylandDisplay.isEmpty() || setting.waylandDisplay.startsWith('/'))
+    if (setting.waylandDisplay.empty() || setting.waylandDisplay.front() == '/')
         return setting.waylandDisplay;
-    return setting.runtimeDir.isEmpty() ? QByteArray()
-                                        : setting.runtimeDir + '/' + setting.waylandDisplay;
+    return setting.runtimeDir.empty() ? std::string()
+                                      : setting.runtimeDir + '/' + setting.waylandDisplay;
 }
 
 /** Connects and waits for the answer to a `wl_display.sync` request. */
 bool waylandAnswers(const Display::Setting &setting)
 {
-    const QByteArray path = waylandSocket(setting);
+    const std::string path = waylandSocket(setting);
     sockaddr_un address = {};
     address.sun_family = AF_UNIX;
-    if (path.isEmpty() || static_cast<size_t>(path.size()) >= sizeof(address.sun_path))
+    if (path.empty() || path.size() >= sizeof(address.sun_path))
         return false;
-    std::memcpy(address.sun_path, path.constData(), static_cast<size_t>(path.size()));
+    std::memcpy(address.sun_path, path.data(), path.size());
 
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (connect(socket.get(), reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0)
@@ -112,82 +112,130 @@ bool waylandAnswers(const Display::Setting &setting)
            becomesReadable(socket.get());
 }
 
+std::vector<std::string> split(const std::string &text, char separator)
+{
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);)
+        parts.push_back(part);
+    return parts;
+}
+
+std::string trimmed(const std::string &text)
+{
+    constexpr char Blanks[] = " \t\n\r\v\f";
+    const size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(Blanks) + 1 - first);
+}
+
+/** The name of a platform in an entry `name:parameter`, in the lower case of the plug-ins' files.
+ */
+std::string platformName(const std::string &entry)
+{
+    std::string name = entry.substr(0, entry.find(':'));
+    for (char &c : name) {
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    }
+    return name;
+}
+
+bool holdsFile(const std::string &folder, const std::string &start, const std::string &end)
+{
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), last; !error && entry != last;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
+        if (name.size() >= start.size() + end.size() && name.starts_with(start) &&
+            name.ends_with(end))
+            return true;
+    }
+    return false;
+}
+
 /** Whether the toolkit has a plug-in for the platform: without one it aborts. */
-bool hasPlugin(const Display::Setting &setting, const QByteArray &platform)
+bool hasPlugin(const Display::Setting &setting, const std::string &platform)
 {
     // The Wayland plug-ins are named by the way in which they draw.
-    const QString pattern = platform.startsWith(Wayland)
-                                ? QStringLiteral("libqwayland-*.so")
-                                : QStringLiteral("libq%1.so").arg(QString::fromLatin1(platform));
+    const bool isWayland = platform.starts_with(Wayland);
+    const std::string start = isWayland ? "libqwayland-" : "libq" + platform + ".so";
+    const std::string end = isWayland ? ".so" : "";
     return std::any_of(setting.pluginFolders.begin(), setting.pluginFolders.end(),
-                       [&pattern](const QString &folder) {
-                           return !QDir(folder).entryList({pattern}, QDir::Files).isEmpty();
-                       });
+                       [&](const std::string &folder) { return holdsFile(folder, start, end); });
 }
 
 /** `platform` is a name without parameters. */
-bool isUsable(const Display::Setting &setting, const QByteArray &platform)
+bool isUsable(const Display::Setting &setting, const std::string &platform)
 {
     if (!hasPlugin(setting, platform))
         return false;
     if (platform == X)
         return xAnswers(setting.display);
-    return !platform.startsWith(Wayland) || waylandAnswers(setting);
+    return !platform.starts_with(Wayland) || waylandAnswers(setting);
 }
 
 /** The first of the platforms that are asked for, with its parameters. */
-std::optional<QByteArray> firstUsable(const Display::Setting &setting)
+std::optional<std::string> firstUsable(const Display::Setting &setting)
 {
-    for (const QByteArray &entry : setting.platform.split(';')) {
-        const QByteArray platform = entry.trimmed();
-        if (isUsable(setting, platform.split(':').constFirst().toLower()))
+    for (const std::string &entry : split(setting.platform, ';')) {
+        const std::string platform = trimmed(entry);
+        if (isUsable(setting, platformName(platform)))
             return platform;
     }
     return std::nullopt;
 }
 
-QStringList pluginFolders(const QByteArray &option)
+/** `option`, or the environment's `variable`, or an empty text. */
+std::string optionOr(const char *option, const char *variable)
 {
-    QStringList folders = {QLibraryInfo::path(QLibraryInfo::PluginsPath) + PlatformFolder};
-    const QByteArray path = option.isNull() ? qgetenv("QT_QPA_PLATFORM_PLUGIN_PATH") : option;
-    const QString separator = QDir::listSeparator();
-    folders += QFile::decodeName(path).split(separator, Qt::SkipEmptyParts);
-    for (const QString &folder :
-         QFile::decodeName(qgetenv("QT_PLUGIN_PATH")).split(separator, Qt::SkipEmptyParts))
-        folders += folder + PlatformFolder;
+    const char *text = option ? option : std::getenv(variable);
+    return text ? text : "";
+}
+
+std::vector<std::string> pluginFolders(const char *option)
+{
+    constexpr char ListSeparator = ':';
+    std::vector<std::string> folders = {std::string(VESK_TOOLKIT_PLUGINS) + PlatformFolder};
+    for (const std::string &folder :
+         split(optionOr(option, "QT_QPA_PLATFORM_PLUGIN_PATH"), ListSeparator))
+        folders.push_back(folder);
+    for (const std::string &folder : split(optionOr(nullptr, "QT_PLUGIN_PATH"), ListSeparator))
+        folders.push_back(folder + PlatformFolder);
     return folders;
 }
 } // namespace
 
 namespace Display
 {
-Setting setting(const QByteArray &platformOption, const QByteArray &displayOption,
-                const QByteArray &pluginPathOption)
+Setting setting(const char *platformOption, const char *displayOption, const char *pluginPathOption)
 {
     Setting result;
-    result.platform = platformOption.isNull() ? qgetenv("QT_QPA_PLATFORM") : platformOption;
-    result.display = displayOption.isNull() ? qgetenv("DISPLAY") : displayOption;
-    result.wantsX = !displayOption.isNull() && platformOption.isNull();
-    result.waylandDisplay = qgetenv("WAYLAND_DISPLAY");
-    result.runtimeDir = qgetenv("XDG_RUNTIME_DIR");
+    result.platform = optionOr(platformOption, "QT_QPA_PLATFORM");
+    result.display = optionOr(displayOption, "DISPLAY");
+    result.wantsX = displayOption && !platformOption;
+    result.waylandDisplay = optionOr(nullptr, "WAYLAND_DISPLAY");
+    result.runtimeDir = optionOr(nullptr, "XDG_RUNTIME_DIR");
     result.pluginFolders = pluginFolders(pluginPathOption);
     return result;
 }
 
-std::optional<QByteArray> find(const Setting &setting)
+std::optional<std::string> find(const Setting &setting)
 {
-    const bool namesWindowSystem = setting.platform.isEmpty() || setting.platform.contains(X) ||
-                                   setting.platform.contains(Wayland);
+    const bool namesWindowSystem = setting.platform.empty() ||
+                                   setting.platform.find(X) != std::string::npos ||
+                                   setting.platform.find(Wayland) != std::string::npos;
     if (setting.wantsX && namesWindowSystem)
-        return isUsable(setting, X) ? std::optional<QByteArray>(X) : std::nullopt;
-    if (!setting.platform.isEmpty())
+        return isUsable(setting, X) ? std::optional<std::string>(X) : std::nullopt;
+    if (!setting.platform.empty())
         return firstUsable(setting);
     const bool hasX = isUsable(setting, X);
     const bool hasWayland = isUsable(setting, Wayland);
     if (hasX && hasWayland)
-        return QByteArray();
+        return std::string();
     if (!hasX && !hasWayland)
         return std::nullopt;
-    return QByteArray(hasX ? X : Wayland);
+    return std::string(hasX ? X : Wayland);
 }
 } // namespace Display

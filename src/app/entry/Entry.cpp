@@ -1,19 +1,16 @@
 #include "Entry.h"
 
+#include "ChildProcess.h"
+#include "DiagnosticLog.h"
 #include "DialogRun.h"
 #include "Display.h"
 #include "InstallationSettings.h"
-#include "LPRArguments.h"
-#include "ProcessEx.h"
 #include "ProgramPath.h"
 #include "Route.h"
 #include "SignalDisposition.h"
 #include "StandardInput.h"
 #include "SystemPaths.h"
 #include "ToolkitOptions.h"
-
-#include <QCoreApplication>
-#include <QFile>
 
 #include <cstdio>
 #include <cstdlib>
@@ -24,7 +21,6 @@
 
 namespace
 {
-constexpr const char *PluginDirVariable = "VESK_PLUGIN_DIR";
 constexpr const char *CompanionVariable = "PRINT_FROM_ORRN";
 
 /** A standard stream that is closed is opened on the null device, before another file takes it. */
@@ -38,9 +34,9 @@ void openStandardStreams()
         close(descriptor);
 }
 
-void loadSettings(const QString &programPath)
+void loadSettings(const std::string &programPath)
 {
-    if (InstallationSettings::load(QFile::encodeName(programPath).constData()) == 0)
+    if (InstallationSettings::load(programPath.c_str()) == 0)
         return;
     // Where nobody reads this any more, the run goes on.
     const SignalDisposition writeFails(SIGPIPE, SIG_IGN);
@@ -50,21 +46,20 @@ void loadSettings(const QString &programPath)
 
 void tell(const char *what, const char *why)
 {
-    const QString text = QCoreApplication::translate("Entry", what);
-    std::fprintf(stderr, "lpr: %s: %s\n", text.toLocal8Bit().constData(), why);
+    std::fprintf(stderr, "lpr: %s: %s\n", what, why);
 }
 
-std::optional<QByteArray> findDisplay(const ToolkitOptions::Split &split)
+std::optional<std::string> findDisplay(const ToolkitOptions::Split &split)
 {
     return Display::find(Display::setting(split.platform, split.display, split.platformPluginPath));
 }
 
 /** Tells the toolkit which platform to take; an empty text leaves the choice to it. */
-void choosePlatform(std::vector<char *> &toolkitArguments, const QByteArray &platform)
+void choosePlatform(std::vector<char *> &toolkitArguments, const std::string &platform)
 {
     static char option[] = "-platform";
-    static QByteArray chosen;
-    if (platform.isEmpty())
+    static std::string chosen;
+    if (platform.empty())
         return;
     chosen = platform;
     toolkitArguments.insert(toolkitArguments.end(), {option, chosen.data()});
@@ -75,59 +70,38 @@ RunDialogs loadDialogs()
     void *library = dlopen(DialogLibrary, RTLD_NOW);
     void *function = library ? dlsym(library, DialogFunction) : nullptr;
     if (!function)
-        tell(QT_TRANSLATE_NOOP("Entry", "The print dialog cannot be shown, printing without it"),
-             dlerror());
+        tell("The print dialog cannot be shown, printing without it", dlerror());
     return reinterpret_cast<RunDialogs>(function);
 }
 
-QList<QByteArray> encoded(const QStringList &texts)
-{
-    QList<QByteArray> bytes;
-    for (const QString &text : texts)
-        bytes.append(QFile::encodeName(text));
-    return bytes;
-}
-
 /** Runs the system client; afterwards the captured input is no longer needed. */
-int runClient(const QList<QByteArray> &arguments)
+int runClient(const std::vector<const char *> &arguments)
 {
-    const int status = ProcessEx::execute(QByteArray(SystemPaths::systemClient()), arguments);
+    const int status = ChildProcess::run(SystemPaths::systemClient(), arguments);
+    if (status == ChildProcess::FailedToLaunch)
+        std::fprintf(stderr, "%s\n", ChildProcess::LaunchWarning);
     StandardInput::removeFile();
     return status;
 }
 
+/** The run without a dialog, with the arguments as they came. */
 int handOver(const std::vector<char *> &argv)
 {
-    QList<QByteArray> arguments(argv.begin() + (argv.empty() ? 0 : 1), argv.end());
+    DiagnosticLog::truncateAll();
+    std::vector<const char *> arguments(argv.begin() + (argv.empty() ? 0 : 1), argv.end());
     if (*StandardInput::fileName())
-        arguments.append(StandardInput::fileName());
+        arguments.push_back(StandardInput::fileName());
     return runClient(arguments);
 }
 
-/** The files to print, with the names that they came with, whatever encoding those have. */
-QList<QByteArray> filesToPrint(const DialogRun &run, const QList<QByteArray> &operands)
+int print(const DialogRun &run)
 {
-    if (!operands.isEmpty())
-        return operands;
-    if (*StandardInput::fileName())
-        return {StandardInput::fileName()};
-    return encoded(run.files);
-}
-
-int print(const DialogRun &run, const QList<QByteArray> &operands)
-{
-    const QStringList arguments = run.arguments->toArguments();
-    return runClient(encoded(arguments.first(arguments.size() - operands.size())) +
-                     filesToPrint(run, operands));
-}
-
-/** The run without a dialog. The toolkit's core is there in every run. */
-int handOver(ToolkitOptions::Split &split)
-{
-    int count = static_cast<int>(split.toolkit.size());
-    split.toolkit.push_back(nullptr);
-    const QCoreApplication application(count, split.toolkit.data());
-    return handOver(split.rest);
+    std::vector<const char *> arguments;
+    for (const std::string &argument : run.clientOptions)
+        arguments.push_back(argument.c_str());
+    for (const std::string &file : run.files)
+        arguments.push_back(file.c_str());
+    return runClient(arguments);
 }
 } // namespace
 
@@ -140,37 +114,31 @@ Entry::Entry(int argc, char **argv)
 int Entry::run()
 {
     openStandardStreams();
-    const QString path = programPath(m_argv[0]);
+    const std::string path = programPath(m_argv[0]);
     loadSettings(path);
     ToolkitOptions::Split split = ToolkitOptions::split(m_argc, m_argv);
-    // getopt reorders the vector that it reads; a hand-over needs the order that the user gave.
-    std::vector<char *> parsed = split.rest;
-    parsed.push_back(nullptr);
-    LPRArguments arguments(static_cast<int>(split.rest.size()), parsed.data());
-    const QList<QByteArray> operands(parsed.end() - 1 - arguments.operands.size(),
-                                     parsed.end() - 1);
-    m_jobTitle = arguments.value(QStringLiteral("T"), QString());
-    m_files = arguments.operands;
+    const CommandLine commandLine = readCommandLine(split.rest);
+    m_jobTitle = commandLine.title;
+    m_files = commandLine.operands;
 
-    const bool handOverAsked = mustHandOver(arguments, std::getenv(CompanionVariable) != nullptr);
+    const bool handOverAsked = mustHandOver(commandLine, std::getenv(CompanionVariable) != nullptr);
     auto display = handOverAsked ? std::nullopt : findDisplay(split);
-    if (m_files.isEmpty()) {
+    if (m_files.empty()) {
         if (!captureInput(handOverAsked, display.has_value()))
             return InputNotStored;
         // The input may have taken long, and the toolkit aborts where the display is gone.
-        if (display && !m_files.isEmpty())
+        if (display && !m_files.empty())
             display = findDisplay(split);
     }
 
     const RunDialogs runDialogs = display ? loadDialogs() : nullptr;
     if (!runDialogs)
-        return handOver(split);
+        return handOver(split.rest);
     choosePlatform(split.toolkit, *display);
-    DialogRun run{split.toolkit, pluginDirectories(std::getenv(PluginDirVariable), path),
-                  &arguments, m_files};
+    DialogRun run{split.toolkit, split.rest, path, m_files, {}};
     const DialogRun::Outcome outcome = runDialogs(run);
     if (outcome == DialogRun::Outcome::Accepted)
-        return print(run, operands);
+        return print(run);
     StandardInput::removeFile();
     return outcome == DialogRun::Outcome::Rejected ? DialogRejected : NoFileChosen;
 }
@@ -186,13 +154,13 @@ bool Entry::captureInput(bool handOverAsked, bool hasDisplay)
         STDIN_FILENO, isOnlyChance ? StandardInput::NoLimit : StandardInput::PatienceMs, error);
     if (result == StandardInput::Result::Failed ||
         (result == StandardInput::Result::Dropped && isOnlyChance)) {
-        tell(QT_TRANSLATE_NOOP("Entry", "Nothing was printed"), error.c_str());
+        tell("Nothing was printed", error.c_str());
         return false;
     }
     if (result == StandardInput::Result::Captured) {
-        m_files.append(QFile::decodeName(StandardInput::fileName()));
-        if (m_jobTitle.isEmpty())
-            m_jobTitle = QStringLiteral("(stdin)");
+        m_files.push_back(StandardInput::fileName());
+        if (m_jobTitle.empty())
+            m_jobTitle = "(stdin)";
     }
     return true;
 }

@@ -1,9 +1,14 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <string>
+#include <vector>
 
-/** One run of the program, from its command line to its exit status. */
+/**
+ * One run of the program, from its command line to its exit status.
+ *
+ * Stands on the standard library alone: a run that is handed over loads neither the toolkit nor the
+ * print library, which takes about as long as the whole run of the system client.
+ */
 class Entry
 {
 public:
@@ -14,7 +19,7 @@ public:
     int run();
 
     /** The title of the job: -T, or "(stdin)" for captured input. */
-    const QString &jobTitle() const { return m_jobTitle; }
+    const std::string &jobTitle() const { return m_jobTitle; }
 
 private:
     /** Captures standard input as the file to print. False: it came, but could not be stored. */
@@ -22,6 +27,6 @@ private:
 
     int m_argc;
     char **m_argv;
-    QString m_jobTitle;
-    QStringList m_files;
+    std::string m_jobTitle;
+    std::vector<std::string> m_files;
 };

@@ -2,45 +2,35 @@
 
 #include "SystemPaths.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
 
 namespace
 {
-constexpr QLatin1Char DirectorySeparator(';');
-constexpr QLatin1String PluginDirectory("plugins");
+namespace fs = std::filesystem;
 
-/** The folder two levels above the one that holds the program; false where there is none. */
-bool goToBase(QDir &directory)
+bool isExecutableFile(const fs::path &path)
 {
-    return directory.exists() && directory.cdUp() && directory.cdUp();
+    std::error_code error;
+    return fs::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
+}
+
+/** Where a symbolic link points to; the path itself where it is none. */
+fs::path followed(const fs::path &path)
+{
+    std::error_code error;
+    const fs::path target = fs::read_symlink(path, error);
+    return error ? path : path.parent_path() / target;
 }
 } // namespace
 
-QString programPath(const char *argv0)
+std::string programPath(const char *argv0)
 {
-    QFileInfo file(QFile::decodeName(argv0));
-    if (!file.isFile() || !file.isExecutable())
-        file.setFile(QFile::decodeName(SystemPaths::program()));
-    return file.isSymLink() ? file.symLinkTarget() : file.absoluteFilePath();
-}
-
-QStringList pluginDirectories(const char *environment, const QString &programPath)
-{
-    if (environment)
-        return QFile::decodeName(environment).split(DirectorySeparator, Qt::SkipEmptyParts);
-
-    QStringList result;
-    QDir base = QFileInfo(programPath).dir();
-    if (!goToBase(base))
-        return result;
-    const QStringList names = base.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Unsorted);
-    for (const QString &name : names) {
-        const QDir directory(base.filePath(name));
-        const QString plugins = directory.filePath(PluginDirectory);
-        if (!name.startsWith(QLatin1Char('.')) && QFileInfo(plugins).isDir())
-            result.append(plugins);
-    }
-    return result;
+    fs::path path(argv0 ? argv0 : "");
+    if (!isExecutableFile(path))
+        path = SystemPaths::program();
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return followed(error ? path : absolute).lexically_normal();
 }

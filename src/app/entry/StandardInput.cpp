@@ -1,12 +1,12 @@
 #include "StandardInput.h"
 
-#include "CupsHandles.h"
 #include "SignalDisposition.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <dlfcn.h>
 #include <sys/select.h>
 #include <unistd.h>
 
@@ -103,12 +103,23 @@ bool isNoInput(int error)
     return error == EBADF || error == ENOTCONN || error == ENXIO;
 }
 
+using CupsTempFd = int (*)(char *name, int size);
+
+/** The print library's function; null where there is none. Only captured input loads the library.
+ */
+CupsTempFd cupsTempFd()
+{
+    void *library = dlopen("libcups.so.2", RTLD_LAZY);
+    return library ? reinterpret_cast<CupsTempFd>(dlsym(library, "cupsTempFd")) : nullptr;
+}
+
 int createFile()
 {
+    const CupsTempFd create = cupsTempFd();
     // The toolkit ends the process by itself when its display goes away.
     std::atexit(StandardInput::removeFile);
     const SignalBlock block;
-    const int descriptor = cupsTempFd(s_fileName, sizeof(s_fileName));
+    const int descriptor = create ? create(s_fileName, sizeof(s_fileName)) : -1;
     if (descriptor < 0)
         s_fileName[0] = '\0';
     return descriptor;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QByteArray>
-
 #include <vector>
 
 /**
@@ -16,9 +14,9 @@ struct Split {
     /** argv[0] and everything else, in order. The texts are argv's. */
     std::vector<char *> rest;
     /** The values of the options that say where windows are shown; null where not given. */
-    QByteArray display;
-    QByteArray platform;
-    QByteArray platformPluginPath;
+    const char *display = nullptr;
+    const char *platform = nullptr;
+    const char *platformPluginPath = nullptr;
 };
 
 /**

@@ -2,6 +2,7 @@
 
 #include "CupsHandles.h"
 #include "JobOptions.h"
+#include "LprSyntax.h"
 #include "PrinterOptions.h"
 
 namespace
@@ -31,7 +32,7 @@ QByteArray bytesOf(const CommandLineOptions &commandLine, const QString &key)
 } // namespace
 
 LPRArguments::LPRArguments(int argc, char **argv)
-    : CommandLineOptions(argc, argv, shortOptions, longOptions)
+    : CommandLineOptions(argc, argv, LprSyntax::ShortOptions, LprSyntax::UiOption)
 {
 }
 

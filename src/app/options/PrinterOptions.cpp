@@ -22,7 +22,7 @@ constexpr QLatin1String volatilePrefix("volatile-");
 /** The saved names that lose the prefix when they are loaded. */
 constexpr QLatin1String restoredPrefix("volatile-qfax");
 
-const DiagnosticLog::Handle diagnostics = DiagnosticLog::open("PrinterOptions.log");
+const DiagnosticLog::Handle diagnostics = DiagnosticLog::open(DiagnosticLog::Names::Options);
 
 /** A destination `name` or `name/instance`. */
 struct DestinationName {

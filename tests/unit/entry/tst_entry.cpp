@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -60,6 +61,7 @@ private slots:
     void passesOnTheClientsStatus();
     void tellsThatTheClientIsMissing();
     void refusesInputThatItCannotStore();
+    void truncatesTheLogs();
     void saysThatThereAreNoSettings();
 
 private:
@@ -70,7 +72,7 @@ private:
     QString path(const char *name) const { return m_root.filePath(QString::fromLatin1(name)); }
 
     QTemporaryDir m_root;
-    QString m_title;
+    std::string m_title;
     QByteArray m_output;
     QByteArray m_errors;
 };
@@ -191,16 +193,16 @@ void TestEntry::capturesStandardInput()
     QCOMPARE(clientArguments().mid(0, 2), (QList<QByteArray>{"-P", "lp1"}));
     QVERIFY(clientArguments().last().startsWith(QFile::encodeName(path("tmp"))));
     QCOMPARE(read("document"), QByteArray("hi\n"));
-    QCOMPARE(m_title, QStringLiteral("(stdin)"));
+    QCOMPARE(m_title, std::string("(stdin)"));
     QCOMPARE(QDir(path("tmp")).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
 void TestEntry::keepsTheTitleOfTheCommandLine()
 {
     QCOMPARE(run({"-T", "Letter"}, "hi\n"), 0);
-    QCOMPARE(m_title, QStringLiteral("Letter"));
+    QCOMPARE(m_title, std::string("Letter"));
     QCOMPARE(run({"file"}), 0);
-    QVERIFY(m_title.isNull());
+    QVERIFY(m_title.empty());
 }
 
 void TestEntry::passesOnTheClientsStatus()
@@ -214,8 +216,8 @@ void TestEntry::passesOnTheClientsStatus()
 void TestEntry::tellsThatTheClientIsMissing()
 {
     QVERIFY(QFile::remove(path("usr/bin/lpr.orig")));
-    QTest::ignoreMessage(QtWarningMsg, "ProcessEx::execute: failed to launch");
     QCOMPARE(run({}, "hi\n"), -2);
+    QCOMPARE(m_errors, QByteArray("ProcessEx::execute: failed to launch\n"));
     QCOMPARE(QDir(path("tmp")).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
@@ -237,6 +239,23 @@ void TestEntry::refusesInputThatItCannotStore()
     QCOMPARE(read("err"),
              QByteArray("lpr: Nothing was printed: cannot read standard input: Is a directory\n"));
     QVERIFY(!QFile::exists(path("argv")));
+}
+
+void TestEntry::truncatesTheLogs()
+{
+    const QDir logs(path("var/tmp"));
+    const QStringList names = {
+        QStringLiteral("PrinterOptions.log"), QStringLiteral("ipp_class.log"),
+        QStringLiteral("ipp_driver.log"),     QStringLiteral("ipp_job.log"),
+        QStringLiteral("ipp_printer.log"),    QStringLiteral("ipp_request.log")};
+    for (const QString &name : names) {
+        QFile log(logs.filePath(name));
+        QVERIFY(log.open(QIODevice::WriteOnly));
+        log.write("of the last run");
+    }
+    QCOMPARE(run({"file"}), 0);
+    for (const QString &name : names)
+        QCOMPARE(QFileInfo(logs.filePath(name)).size(), 0);
 }
 
 void TestEntry::saysThatThereAreNoSettings()

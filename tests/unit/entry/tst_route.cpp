@@ -1,4 +1,3 @@
-#include "LPRArguments.h"
 #include "Route.h"
 
 #include <QTest>
@@ -9,6 +8,8 @@ class TestRoute : public QObject
 private slots:
     void routes_data();
     void routes();
+    void reads();
+    void readsAnEmptyVector();
 };
 
 void TestRoute::routes_data()
@@ -42,9 +43,25 @@ void TestRoute::routes()
     std::vector<char *> argv;
     for (QByteArray &word : words)
         argv.push_back(word.data());
-    const int argc = int(argv.size());
-    argv.push_back(nullptr);
-    QTEST(mustHandOver(LPRArguments(argc, argv.data()), companion), "handedOver");
+    QTEST(mustHandOver(readCommandLine(argv), companion), "handedOver");
+}
+
+void TestRoute::reads()
+{
+    char words[][8] = {"lpr", "-T", "one", "b", "-T", "two", "-P", "x", "--", "-a"};
+    std::vector<char *> argv;
+    for (char *word : words)
+        argv.push_back(word);
+    const CommandLine commandLine = readCommandLine(argv);
+    QVERIFY(!commandLine.isUnknown);
+    QVERIFY(!commandLine.hasUi);
+    QCOMPARE(commandLine.title, std::string("two"));
+    QCOMPARE(commandLine.operands, (std::vector<std::string>{"b", "-a"}));
+}
+
+void TestRoute::readsAnEmptyVector()
+{
+    QVERIFY(readCommandLine({}).operands.empty());
 }
 
 QTEST_GUILESS_MAIN(TestRoute)

@@ -115,18 +115,18 @@ void TestToolkitOptions::namesDisplayAndPlatform()
                      QStringLiteral("--platform"), QStringLiteral("xcb"),
                      QStringLiteral("-platformpluginpath"), QStringLiteral("/p")});
     const ToolkitOptions::Split split = given.split();
-    QCOMPARE(split.display, QByteArray(":7"));
-    QCOMPARE(split.platform, QByteArray("xcb"));
-    QCOMPARE(split.platformPluginPath, QByteArray("/p"));
+    QCOMPARE(QByteArray(split.display), QByteArray(":7"));
+    QCOMPARE(QByteArray(split.platform), QByteArray("xcb"));
+    QCOMPARE(QByteArray(split.platformPluginPath), QByteArray("/p"));
 }
 
 void TestToolkitOptions::leavesBothUnnamed()
 {
     Arguments given({QStringLiteral("lpr"), QStringLiteral("f")});
     const ToolkitOptions::Split split = given.split();
-    QVERIFY(split.display.isNull());
-    QVERIFY(split.platform.isNull());
-    QVERIFY(split.platformPluginPath.isNull());
+    QVERIFY(!split.display);
+    QVERIFY(!split.platform);
+    QVERIFY(!split.platformPluginPath);
 }
 
 void TestToolkitOptions::takesAnEmptyVector()
