@@ -34,6 +34,19 @@ void setDeadline(http_t *http, intptr_t deadline)
     httpSetTimeout(http, ServerConnection::limits().waitSeconds, waitsOn,
                    reinterpret_cast<void *>(deadline));
 }
+/** The time that this thread's connections share. */
+struct SharedTime {
+    int scopes = 0;
+    intptr_t deadline = 0;
+
+    bool isInForce() const { return scopes > 0; }
+};
+thread_local SharedTime sharedTime;
+
+intptr_t freshDeadline()
+{
+    return nowMs() + ServerConnection::limits().totalMs;
+}
 } // namespace
 
 namespace ServerConnection
@@ -46,7 +59,9 @@ Limits &limits()
 
 Cups::HttpPtr open()
 {
-    const intptr_t deadline = nowMs() + limits().totalMs;
+    const intptr_t deadline = sharedTime.isInForce() ? sharedTime.deadline : freshDeadline();
+    if (nowMs() >= deadline)
+        return nullptr;
     Cups::HttpPtr http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(),
                                     Blocking, limits().connectMs, nullptr));
     if (!http)
@@ -63,6 +78,19 @@ unsigned openings()
 
 void restartClock(http_t *http)
 {
-    setDeadline(http, nowMs() + limits().totalMs);
+    const intptr_t deadline = freshDeadline();
+    sharedTime.deadline = deadline;
+    setDeadline(http, deadline);
+}
+
+Patience::Patience()
+{
+    if (sharedTime.scopes++ == 0)
+        sharedTime.deadline = freshDeadline();
+}
+
+Patience::~Patience()
+{
+    --sharedTime.scopes;
 }
 } // namespace ServerConnection

@@ -24,9 +24,26 @@ Limits &limits();
  */
 Cups::HttpPtr open();
 
+/**
+ * While it lives, all connections that this thread opens have one time limit together, as if they
+ * were one connection: what the user has asked for ends within it, however many requests it takes.
+ * Once the time is over, `open` fails at once. Within another one it changes nothing.
+ */
+class Patience
+{
+public:
+    Patience();
+    ~Patience();
+    Patience(const Patience &) = delete;
+    Patience &operator=(const Patience &) = delete;
+};
+
 /** How many connections `open` has opened so far. */
 unsigned openings();
 
-/** Makes the connection new again for the limits, after time that the user took. */
+/**
+ * Makes the connection new again for the limits, after time that the user took; and a Patience, if
+ * there is one.
+ */
 void restartClock(http_t *http);
 } // namespace ServerConnection

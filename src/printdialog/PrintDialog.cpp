@@ -6,6 +6,7 @@
 #include "PageList.h"
 #include "PrintDialogOptions.h"
 #include "ProcessEx.h"
+#include "ServerConnection.h"
 #include "ui_PrintDialogBase.h"
 
 #include <QAbstractItemView>
@@ -28,6 +29,7 @@ static void registerPictures()
 }
 
 using namespace PrintDialogOptions;
+using ServerConnection::Patience;
 using namespace std::chrono_literals;
 
 namespace
@@ -108,6 +110,7 @@ void alignWithLayout(QLabel *label)
  */
 std::optional<bool> collatesByDefault(PrinterOptions &options)
 {
+    const Patience patience;
     std::optional<bool> result;
     if (options.openPPD() && options.ppd()) {
         if (const ppd_option_t *option = ppdFindOption(options.ppd(), collate.data()))
@@ -141,6 +144,7 @@ PrintDialog::PrintDialog(const QString &printer, const PrinterOptions &options,
     updatePageSelectionControls();
     updateCopiesControls();
 
+    const Patience patience;
     fillDestinations();
     SelectPrinter(destinationAskedFor());
     m_userChooses = ui->PrintersCombo->findText(destinationAskedFor()) >= 0;
@@ -258,6 +262,7 @@ void PrintDialog::loadOptions(const QString &destination)
 
 void PrintDialog::SelectPrinter(const QString &name)
 {
+    const Patience patience;
     if (name != m_destination) {
         const int index = ui->PrintersCombo->findText(name);
         if (index >= 0)
@@ -272,6 +277,7 @@ void PrintDialog::SelectPrinter(const QString &name)
 
 void PrintDialog::updatePrinterControls()
 {
+    const Patience patience;
     const DestinationState state = lookUp(queueOf(m_destination));
     showText(ui->StatusText, CUPSManager::stateText(state.state, state.accepting));
     showText(ui->LocationText, state.location);
@@ -320,6 +326,7 @@ void PrintDialog::EditProperties()
 
 void PrintDialog::StartPrinter()
 {
+    const Patience patience;
     const QString uri = lookUp(queueOf(m_destination)).uri;
     if (!uri.isEmpty())
         _CUPS->startPrinter(uri.toUtf8().constData());

@@ -11,6 +11,7 @@
 #include <functional>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <thread>
 #include <unistd.h>
 
 /** No wait for the server is endless. The limits are shortened here to a twentieth. */
@@ -42,6 +43,11 @@ private slots:
     void serverThatAcceptsNobody();
     void slowAnswerIsAwaited();
     void timeForThePasswordIsNotCounted();
+    void patienceIsForAllConnections();
+    void patienceWithinPatience();
+    void patienceThatIsSpent();
+    void patienceStartsAnewAfterThePassword();
+    void patienceIsOfItsThread();
     void discoveryOfASilentServer();
     void countsOpenings();
 
@@ -234,6 +240,79 @@ void TestLimits::timeForThePasswordIsNotCounted()
     IPPRequest request(0x4002);
     QVERIFY(request.send("/"));
     IPPRequest::setPasswordPrompt(nullptr);
+}
+
+void TestLimits::patienceIsForAllConnections()
+{
+    m_server->setHandler([](const auto &) { return FakeIppServer::silence(); });
+    QElapsedTimer timer;
+    timer.start();
+    {
+        const ServerConnection::Patience patience;
+        for (int i = 0; i < 20; ++i) {
+            CUPSPrinter printer;
+            QVERIFY(!_CUPS->findPrinter(QStringLiteral("Laser"), printer, false));
+            QCOMPARE(Destinations::named("Laser", nullptr).count(), 0);
+        }
+    }
+    QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
+    // It ends with its scope.
+    QVERIFY(ServerConnection::open());
+}
+
+namespace
+{
+/** Waits until the server may no longer be asked. */
+void spendPatience()
+{
+    QTRY_VERIFY(!ServerConnection::open());
+}
+} // namespace
+
+void TestLimits::patienceWithinPatience()
+{
+    const ServerConnection::Patience outer;
+    QVERIFY(ServerConnection::open());
+    spendPatience();
+    {
+        const ServerConnection::Patience inner;
+        QVERIFY(!ServerConnection::open());
+    }
+    QVERIFY(!ServerConnection::open());
+}
+
+void TestLimits::patienceThatIsSpent()
+{
+    const ServerConnection::Patience patience;
+    spendPatience();
+    m_server->setHandler([](const auto &) { return FakeIppServer::silence(); });
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 100; ++i)
+        QVERIFY(!IPPRequest(0x4002).send("/"));
+    QVERIFY2(timer.elapsed() < ServerConnection::limits().totalMs,
+             qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(m_server->requestCount(), 0);
+}
+
+void TestLimits::patienceStartsAnewAfterThePassword()
+{
+    const ServerConnection::Patience patience;
+    timeForThePasswordIsNotCounted();
+    // The question alone has taken all the time that there was.
+    QVERIFY(ServerConnection::open());
+}
+
+void TestLimits::patienceIsOfItsThread()
+{
+    const ServerConnection::Patience patience;
+    spendPatience();
+    bool isOpen = false;
+    std::thread([this, &isOpen] {
+        m_server->use();
+        isOpen = ServerConnection::open() != nullptr;
+    }).join();
+    QVERIFY(isOpen);
 }
 
 void TestLimits::discoveryOfASilentServer()
