@@ -86,7 +86,7 @@ def _keep(options, root, lifelines, hold):
     processes.adopt_orphans()
     ended = _watch_children()
     if options.mode == "namespace":
-        processes.unshare(processes.CLONE_NEWPID)
+        _enter_namespace()
     pid = processes.fork(lambda: inside.run(options, root))
     # A group of its own: Ctrl-C and a signal to the whole group are for the command.
     os.setpgid(0, 0)
@@ -96,6 +96,14 @@ def _keep(options, root, lifelines, hold):
         processes.kill_descendants()
         _save(root, options.account)
         tree.remove(root)
+
+
+def _enter_namespace():
+    try:
+        processes.unshare(processes.CLONE_NEWPID)
+    except OSError as error:
+        raise RuntimeError("the kernel refuses the private namespaces (%s); --relocated does "
+                           "without" % error.strerror) from error
 
 
 def _watch_children():
