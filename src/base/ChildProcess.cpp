@@ -3,14 +3,24 @@
 #include "SignalDisposition.h"
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <thread>
 
 extern char **environ;
 
 namespace
 {
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+
+/** Between two looks at a child that has a limit. */
+constexpr milliseconds Pause = 10ms;
+/** From the request to end until the end. */
+constexpr milliseconds Grace = 2s;
+
 /** Standard input, output and error of the child: all at the null device. */
 class NullStreams
 {
@@ -54,6 +64,11 @@ private:
     posix_spawnattr_t m_attributes;
 };
 
+int resultOf(int status)
+{
+    return WIFEXITED(status) ? WEXITSTATUS(status) : ChildProcess::DidNotExit;
+}
+
 /** Waits for the child. The wait itself ends with the child, so the status is there at once. */
 int exitStatusOf(pid_t child)
 {
@@ -62,11 +77,46 @@ int exitStatusOf(pid_t child)
         if (errno != EINTR)
             return ChildProcess::DidNotExit;
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : ChildProcess::DidNotExit;
+    return resultOf(status);
+}
+
+/** Waits for the child, but no longer than `limit`. Nothing when it is still running then. */
+std::optional<int> exitStatusWithin(milliseconds limit, pid_t child)
+{
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    for (;;) {
+        int status = 0;
+        const pid_t ended = waitpid(child, &status, WNOHANG);
+        if (ended == child)
+            return resultOf(status);
+        if (ended < 0 && errno != EINTR)
+            return ChildProcess::DidNotExit;
+        if (std::chrono::steady_clock::now() >= deadline)
+            return std::nullopt;
+        std::this_thread::sleep_for(Pause);
+    }
+}
+
+void end(pid_t child)
+{
+    kill(child, SIGTERM);
+    if (exitStatusWithin(Grace, child))
+        return;
+    kill(child, SIGKILL);
+    exitStatusOf(child);
+}
+
+int limitedExitStatusOf(pid_t child, milliseconds limit)
+{
+    if (const auto status = exitStatusWithin(limit, child))
+        return *status;
+    end(child);
+    return ChildProcess::TookTooLong;
 }
 } // namespace
 
-int ChildProcess::run(const char *program, const std::vector<const char *> &arguments)
+int ChildProcess::run(const char *program, const std::vector<const char *> &arguments,
+                      std::optional<milliseconds> limit)
 {
     std::vector<char *> argv;
     argv.reserve(arguments.size() + 2);
@@ -84,5 +134,5 @@ int ChildProcess::run(const char *program, const std::vector<const char *> &argu
     if (posix_spawnp(&child, program, streams.get(), defaultSignals.get(), argv.data(), environ) !=
         0)
         return FailedToLaunch;
-    return exitStatusOf(child);
+    return limit ? limitedExitStatusOf(child, *limit) : exitStatusOf(child);
 }

@@ -38,6 +38,8 @@ constexpr char helpTopic[] = "VESK.htm#GuiLPRDialog";
 constexpr auto pauseBetweenTries = 50ms;
 /** For how long the list may keep the dialog from opening; the regular tries fit in well. */
 constexpr auto listPatience = 2s;
+/** It asks the server without a limit of its own. */
+constexpr auto lpoptionsLimit = 15s;
 
 DestinationState lookUp(const QString &queue)
 {
@@ -339,7 +341,8 @@ void PrintDialog::SetAsDefault()
         qWarning("Destination is already default");
         return;
     }
-    ProcessEx::execute(QStringLiteral("lpoptions"), {QStringLiteral("-d"), m_destination});
+    ProcessEx::execute(QStringLiteral("lpoptions"), {QStringLiteral("-d"), m_destination},
+                       lpoptionsLimit);
     ui->SetAsDefButton->setEnabled(false);
 }
 

@@ -1,6 +1,7 @@
 #include "ProcessEx.h"
 #include "SignalDisposition.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -33,6 +34,9 @@ private slots:
     void outputIsDropped();
     void waitsThroughSignals();
     void leavesNoChild();
+    void limitEndsTheProgram_data();
+    void limitEndsTheProgram();
+    void limitLeavesTimelyProgramsAlone();
     void keepsTheStatusWhereChildrenAreIgnored();
     void childIgnoresNoBrokenPipe();
 };
@@ -217,6 +221,38 @@ void tst_ProcessEx::childIgnoresNoBrokenPipe()
     const SignalDisposition ignored(SIGPIPE, SIG_IGN);
     const char *script = "kill -PIPE $$; exit 0";
     QCOMPARE(ProcessEx::execute(QByteArray("/bin/sh"), {"-c", script}), ProcessEx::DidNotExit);
+}
+
+void tst_ProcessEx::limitEndsTheProgram_data()
+{
+    QTest::addColumn<QString>("script");
+    QTest::newRow("asked") << "while :; do sleep 0.05; done";
+    QTest::newRow("forced") << "trap '' TERM; while :; do sleep 0.05; done";
+    QTest::newRow("asked, and exits") << "trap 'exit 0' TERM; while :; do sleep 0.05; done";
+}
+
+void tst_ProcessEx::limitEndsTheProgram()
+{
+    QFETCH(QString, script);
+    using namespace std::chrono_literals;
+    QTest::ignoreMessage(QtWarningMsg, "ProcessEx::execute: /bin/sh took too long and was ended");
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(ProcessEx::execute(shell, {QStringLiteral("-c"), script}, 300ms),
+             ProcessEx::DidNotExit);
+    QVERIFY(timer.elapsed() >= 300);
+    QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1);
+    QCOMPARE(errno, ECHILD);
+}
+
+void tst_ProcessEx::limitLeavesTimelyProgramsAlone()
+{
+    using namespace std::chrono_literals;
+    QCOMPARE(ProcessEx::execute(shell, {QStringLiteral("-c"), QStringLiteral("exit 5")}, 60s), 5);
+    QCOMPARE(
+        ProcessEx::execute(shell, {QStringLiteral("-c"), QStringLiteral("kill -KILL $$")}, 60s),
+        ProcessEx::DidNotExit);
 }
 
 void tst_ProcessEx::leavesNoChild()
