@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include <array>
 #include <cctype>
 #include <optional>
 #include <pwd.h>
@@ -31,7 +32,11 @@ QByteArray homeDirectory()
 {
     if (qEnvironmentVariableIsSet("HOME"))
         return qgetenv("HOME");
-    const passwd *user = getpwuid(getuid());
+    // The listing asks for it on a thread of its own.
+    std::array<char, 16384> texts;
+    passwd entry = {};
+    passwd *user = nullptr;
+    getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &user);
     return user ? QByteArray(user->pw_dir) : QByteArray();
 }
 
