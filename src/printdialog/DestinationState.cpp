@@ -13,7 +13,9 @@ DestinationState::DestinationState(const PrinterInfo &printer)
         makeAndModel = printer.modelInfo;
     // A server that does not say how many copies it makes leaves both bounds at 0.
     if (printer.copiesMax >= FewestCopies) {
-        copiesMin = printer.copiesMin;
+        const bool isRange =
+            printer.copiesMin >= FewestCopies && printer.copiesMin <= printer.copiesMax;
+        copiesMin = isRange ? printer.copiesMin : FewestCopies;
         copiesMax = printer.copiesMax;
     }
 }

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <climits>
+
 class TestDestinationState : public QObject
 {
     Q_OBJECT
@@ -96,6 +98,12 @@ void TestDestinationState::copies_data()
     QTest::newRow("one copy") << 1 << 1 << 1 << 1;
     QTest::newRow("not said") << 0 << 0 << 1 << 100;
     QTest::newRow("nonsense") << -5 << -1 << 1 << 100;
+    QTest::newRow("from none") << 0 << 20 << 1 << 20;
+    QTest::newRow("negative lower") << -5 << 20 << 1 << 20;
+    QTest::newRow("lower above upper") << 30 << 20 << 1 << 20;
+    QTest::newRow("both the same") << 5 << 5 << 5 << 5;
+    QTest::newRow("largest") << 1 << INT_MAX << 1 << INT_MAX;
+    QTest::newRow("negative upper") << 5 << -1 << 1 << 100;
 }
 
 void TestDestinationState::copies()
