@@ -4,6 +4,7 @@
 #include "SavedOptionsFile.h"
 #include "ServerConnection.h"
 #include "WireText.h"
+#include "WritableDestinations.h"
 
 #include <algorithm>
 #include <array>
@@ -258,7 +259,10 @@ Cups::DestinationArray saved()
 bool writeSaved(const Cups::DestinationArray &destinations)
 {
     const Cups::HttpPtr http = ServerConnection::open();
-    return http && cupsSetDests2(http.get(), destinations.count(), destinations.data()) == 0;
+    if (!http)
+        return false;
+    WritableDestinations writable(destinations);
+    return cupsSetDests2(http.get(), writable.count(), writable.data()) == 0;
 }
 
 struct Discovery::Shared {

@@ -61,7 +61,10 @@ Cups::DestinationArray named(const char *name, const char *instance);
  */
 Cups::DestinationArray saved();
 
-/** Writes the user's saved-options file with `cupsSetDests`. False when that fails. */
+/**
+ * Writes the user's saved-options file with `cupsSetDests`. False when that fails. An option of
+ * more than one line is not written; a warning says so.
+ */
 [[nodiscard]] bool writeSaved(const Cups::DestinationArray &destinations);
 
 /**

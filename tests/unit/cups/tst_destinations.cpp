@@ -107,6 +107,7 @@ private slots:
     void saved();
     void savedIgnoresTheSystemsFile();
     void writeSavedKeepsTheOthers();
+    void writeSavedKeepsSignsOfTheOthers();
     void writeSavedWithoutServer();
     void discoveryReportsOnce();
     void discoveryMarksTheDefault();
@@ -376,6 +377,17 @@ void TestDestinations::writeSavedKeepsTheOthers()
     // And again, without a change.
     QVERIFY(Destinations::writeSaved(Destinations::saved()));
     QCOMPARE(readFile(userFile()), written);
+}
+
+void TestDestinations::writeSavedKeepsSignsOfTheOthers()
+{
+    writeFile(userFile(), "Dest Gone/x y=\\#1 z=#2 zz=3\nDest Laser c=3\n");
+    const QString before = described(Destinations::saved());
+    QVERIFY2(before.contains(QStringLiteral("y=#1 z=#2 zz=3")), qPrintable(before));
+    for (int round = 0; round < 3; ++round) {
+        QVERIFY(Destinations::writeSaved(Destinations::saved()));
+        QCOMPARE(described(Destinations::saved()), before);
+    }
 }
 
 void TestDestinations::writeSavedWithoutServer()
