@@ -34,8 +34,8 @@ class _Connection(http.client.HTTPConnection):
 
 def request(socket_path, operation, attributes, resource="/", user="root", password=None):
     """
-    Sends a request whose operation attributes are (tag, name, values), as `user`, and returns the status and
-    the groups of the answer, each a map from a name to the list of its values.
+    Sends a request whose operation attributes are (tag, name, values), as `user`, and returns
+    the status and the groups of the answer, each a map from a name to the list of its values.
     """
     body = struct.pack(">BBHI", 2, 0, operation, 1) + bytes([_OPERATION])
     for attribute in (*_FIRST, *attributes, (_NAME, "requesting-user-name", [user])):
