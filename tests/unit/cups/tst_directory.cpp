@@ -1,7 +1,10 @@
 #include "CUPSManager.h"
 #include "FakeIppServer.h"
+#include "InstallationSettings.h"
 #include "IppBytes.h"
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <functional>
@@ -110,7 +113,11 @@ private slots:
     void filter_data();
     void filter();
     void findPrinter();
+    void findPrinterInTheWholeList_data();
+    void findPrinterInTheWholeList();
     void findPrinterForVendor();
+    void findPrinterForALoadedVendor_data();
+    void findPrinterForALoadedVendor();
     void getClasses();
     void firstRecordOfAnAnswer();
     void getPPDs();
@@ -603,6 +610,77 @@ void TestDirectory::findPrinter()
     QVERIFY(!_CUPS->findPrinter(QStringLiteral("Lase"), other, false));
     QVERIFY(!_CUPS->findPrinter(QString(), other, false));
     QVERIFY(other.attributes.name.isEmpty());
+}
+
+void TestDirectory::findPrinterInTheWholeList_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("description");
+    QTest::newRow("first") << "Archive"
+                           << "first";
+    QTest::newRow("in the middle") << "Laser"
+                                   << "second";
+    QTest::newRow("class") << "Office"
+                           << "third";
+    QTest::newRow("last") << "Photo"
+                          << "fourth";
+    QTest::newRow("in other case") << "LASER" << QString();
+    QTest::newRow("unknown, in front") << "Aaa" << QString();
+    QTest::newRow("unknown, behind") << "Zzz" << QString();
+    QTest::newRow("part of a name") << "Las" << QString();
+}
+
+/** A server may know neither where the list is to begin nor where to end. */
+void TestDirectory::findPrinterInTheWholeList()
+{
+    QFETCH(QString, name);
+    IppBytes all = printerResponse().name("printer-name", "Archive").text("printer-info", "first");
+    all.group(PrinterGroup).name("printer-name", "Laser").text("printer-info", "second");
+    all.group(PrinterGroup)
+        .name("printer-name", "Office")
+        .integer(0x23, "printer-type", CUPS_PRINTER_CLASS)
+        .text("printer-info", "third");
+    all.group(PrinterGroup).name("printer-name", "Photo").text("printer-info", "fourth");
+    answers({{GetPrintersOperation, all}});
+    CUPSPrinter printer;
+    QFETCH(QString, description);
+    QCOMPARE(_CUPS->findPrinter(name, printer, false), !description.isEmpty());
+    QCOMPARE(printer.attributes.description, description);
+}
+
+void TestDirectory::findPrinterForALoadedVendor_data()
+{
+    QTest::addColumn<QByteArray>("model");
+    QTest::addColumn<bool>("found");
+    QTest::newRow("the vendor's") << QByteArray("Tarvel CL 4200") << true;
+    QTest::newRow("another's") << QByteArray("Another 100") << false;
+    QTest::newRow("no model") << QByteArray() << false;
+}
+
+void TestDirectory::findPrinterForALoadedVendor()
+{
+    const QTemporaryDir tree;
+    const QString program = tree.filePath(QStringLiteral("bin/vesk"));
+    QFile settings(tree.filePath(QStringLiteral("OEM.ini")));
+    QVERIFY(settings.open(QIODevice::WriteOnly));
+    QVERIFY(settings.write("VENDOR=Tarvel\n") > 0);
+    settings.close();
+    QCOMPARE(InstallationSettings::load(QFile::encodeName(program).constData()), 0);
+
+    QFETCH(QByteArray, model);
+    answers(
+        {{GetPrintersOperation,
+          printerResponse().name("printer-name", "Laser").text("printer-make-and-model", model)}});
+    CUPSPrinter printer;
+    const bool isFound = _CUPS->findPrinter(QStringLiteral("Laser"), printer, true);
+    CUPSPrinter any;
+    const bool isThere = _CUPS->findPrinter(QStringLiteral("Laser"), any, false);
+    // The other tests know no vendor.
+    QTemporaryDir empty;
+    const QString elsewhere = empty.filePath(QStringLiteral("bin/vesk"));
+    QCOMPARE(InstallationSettings::load(QFile::encodeName(elsewhere).constData()), -1);
+    QVERIFY(isThere);
+    QTEST(isFound, "found");
 }
 
 void TestDirectory::findPrinterForVendor()
