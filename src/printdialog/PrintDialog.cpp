@@ -48,9 +48,6 @@ DestinationState lookUp(const QString &queue)
     CUPSPrinter printer;
     if (_CUPS->findPrinter(queue, printer, false))
         return DestinationState(printer.attributes);
-    // A server that has not answered will not answer the next question; it would only cost time.
-    if (_CUPS->lastStatus() == 0)
-        return {};
     ClassInfo printerClass;
     if (_CUPS->findClass(queue, printerClass))
         return DestinationState(printerClass);
@@ -88,9 +85,13 @@ QPixmap picture(const QString &fileName, const QWidget *widget)
     return ratio > 1 ? QIcon(path).pixmap(plain.size(), ratio) : plain;
 }
 
-/** Shows a text of any length in a label that may be too narrow for it. */
-void showText(QLabel *label, const QString &text)
+/**
+ * Shows a text of any length in a label that may be too narrow for it. Who hears the label instead
+ * of seeing it is told its caption, too.
+ */
+void showText(QLabel *label, const QLabel *caption, const QString &text)
 {
+    label->setAccessibleName(QStringLiteral("%1 %2").arg(caption->text(), text).trimmed());
     label->setText(text);
     label->setToolTip(text.isEmpty() ? QString()
                                      : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
@@ -281,9 +282,9 @@ void PrintDialog::updatePrinterControls()
 {
     const Patience patience;
     const DestinationState state = lookUp(queueOf(m_destination));
-    showText(ui->StatusText, CUPSManager::stateText(state.state, state.accepting));
-    showText(ui->LocationText, state.location);
-    showText(ui->DescriptionText, state.description);
+    showText(ui->StatusText, ui->StatusLabel, CUPSManager::stateText(state.state, state.accepting));
+    showText(ui->LocationText, ui->LocationLabel, state.location);
+    showText(ui->DescriptionText, ui->DescriptionLabel, state.description);
     ui->PrinterImage->setPixmap(devicePicture(state.makeAndModel));
 
     ui->PropertiesButton->setEnabled(state.found && m_services.createPropertiesDialog);

@@ -1,4 +1,6 @@
 #include "DialogTest.h"
+#include "FakeIppServer.h"
+#include "IppBytes.h"
 #include "PrintDialog.h"
 #include "ServerConnection.h"
 
@@ -12,6 +14,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <memory>
 #include <sys/socket.h>
@@ -44,6 +47,10 @@ private slots:
 
     void states_data();
     void states();
+    void namesThatAreNotAscii();
+    void textsAreReadAloudWithTheirCaptions();
+    void copiesLabelIsNotTranslated();
+    void classThatIsNoPrinter();
     void vanishedDestination();
     void serverGoesAway();
     void serverThatDoesNotAnswer();
@@ -73,6 +80,7 @@ private slots:
     void helpButton();
     void helpAnywhere();
     void helpIsMissing();
+    void helpKeyIsPassedOn();
 
     void discoveryAddsAQueue();
     void joiningKeepsTheSelection();
@@ -442,6 +450,9 @@ void TestPrintDialog::states_data()
     QTest::newRow("Rejecting") << "idle, rejecting jobs"
                                << "Archive"
                                << "Printer that takes no jobs" << true << true;
+    QTest::newRow("Office") << "idle, accepting jobs"
+                            << "First floor"
+                            << "Any printer of the office" << false << true;
     QTest::newRow("TestBoth") << "stopped, rejecting jobs"
                               << ""
                               << "TestBoth" << true << true;
@@ -468,6 +479,96 @@ void TestPrintDialog::states()
     QCOMPARE(text("CopiesLabel"), u"Copies [1~9999]"_s);
     QCOMPARE(find<QSpinBox>("CopiesSpinBox")->minimum(), 1);
     QCOMPARE(find<QSpinBox>("CopiesSpinBox")->maximum(), 9999);
+}
+
+void TestPrintDialog::namesThatAreNotAscii()
+{
+    const QString queue = u"TestB\u00fcro"_s;
+    const QString location = u"Geb\u00e4ude 3"_s;
+    addQueue(queue, {u"-L"_s, location});
+    run("lpoptions", {u"-p"_s, queue, u"-o"_s, u"note=gr\u00fcn"_s});
+    make(queue);
+    QCOMPARE(combo()->currentText(), queue);
+    QCOMPARE(m_dialog->destination(), queue);
+    QCOMPARE(text("LocationText"), location);
+    QCOMPARE(valuesOf(m_dialog->options()).value(u"note"_s), u"gr\u00fcn"_s);
+    QVERIFY(button("OkButton")->isEnabled());
+    button("SetAsDefButton")->click();
+    QVERIFY(run("lpstat", {u"-d"_s}).trimmed().endsWith(": TestB\xc3\xbcro"));
+}
+
+void TestPrintDialog::textsAreReadAloudWithTheirCaptions()
+{
+    const auto spoken = [this](const char *name) { return find<QLabel>(name)->accessibleName(); };
+    make(u"Photo"_s);
+    QCOMPARE(spoken("LocationText"), u"Location: Studio"_s);
+    QCOMPARE(spoken("StatusText"), u"Status: idle, accepting jobs"_s);
+    QCOMPARE(spoken("DescriptionText"), u"Description: Photo printer"_s);
+    const ServerAway away;
+    m_dialog->updatePrinterControls();
+    QCOMPARE(spoken("LocationText"), u"Location:"_s);
+    QCOMPARE(spoken("StatusText"), u"Status: stopped, rejecting jobs"_s);
+    QCOMPARE(spoken("DescriptionText"), u"Description:"_s);
+}
+
+namespace
+{
+/** Translates whatever there is to translate. */
+class EveryTextTranslator : public QTranslator
+{
+public:
+    EveryTextTranslator() { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return u"*"_s + QString::fromUtf8(text);
+    }
+};
+} // namespace
+
+void TestPrintDialog::copiesLabelIsNotTranslated()
+{
+    const EveryTextTranslator translator;
+    make(u"Photo"_s);
+    QCOMPARE(button("StartButton")->text(), u"*Start"_s);
+    QCOMPARE(text("CopiesLabel"), u"Copies [1~9999]"_s);
+}
+
+/** A server may list its classes apart from its printers. */
+void TestPrintDialog::classThatIsNoPrinter()
+{
+    constexpr char uri[] = "ipp://localhost/classes/Group";
+    make();
+    FakeIppServer server;
+    server.setHandler([&](const FakeIppServer::Request &request) {
+        IppBytes response = IppBytes::response();
+        if (request.operation() == IPP_OP_CUPS_GET_CLASSES)
+            response.group(IPP_TAG_PRINTER)
+                .name("printer-name", "Group")
+                .text("printer-location", "everywhere")
+                .integer(IPP_TAG_ENUM, "printer-state", IPP_PSTATE_STOPPED)
+                .boolean("printer-is-accepting-jobs", 1)
+                .uri("printer-uri-supported", uri);
+        return FakeIppServer::ok(response);
+    });
+    cupsSetServer(server.address().constData());
+    m_dialog->joinDestinations(allWith({entry(u"Group"_s)}));
+    choose(u"Group"_s);
+    const QString location = text("LocationText");
+    const QString status = text("StatusText");
+    const bool startable = button("StartButton")->isEnabled();
+    server.takeRequests();
+    button("StartButton")->click();
+    QList<int> operations;
+    for (const FakeIppServer::Request &request : server.takeRequests()) {
+        if (request.message.contains(uri))
+            operations.append(request.operation());
+    }
+    cupsSetServer(nullptr);
+    QCOMPARE(location, u"everywhere"_s);
+    QCOMPARE(status, u"stopped, accepting jobs"_s);
+    QVERIFY(startable);
+    QCOMPARE(operations, QList<int>({IPP_OP_CUPS_ACCEPT_JOBS, IPP_OP_RESUME_PRINTER}));
 }
 
 void TestPrintDialog::vanishedDestination()
@@ -879,6 +980,20 @@ void TestPrintDialog::helpIsMissing()
     m_dialog->ShowHelp();
     QTest::keyClick(m_dialog.get(), Qt::Key_F1);
     QVERIFY(button("OkButton")->isEnabled());
+}
+
+void TestPrintDialog::helpKeyIsPassedOn()
+{
+    int count = 0;
+    PrintDialogServices services;
+    services.showHelp = [&count](const QString &) { ++count; };
+    make(QString(), services);
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
+    event.accept();
+    QCoreApplication::sendEvent(m_dialog.get(), &event);
+    QCOMPARE(count, 1);
+    // A dialog ignores the keys that it has no use for.
+    QVERIFY(!event.isAccepted());
 }
 
 void TestPrintDialog::discoveryAddsAQueue()

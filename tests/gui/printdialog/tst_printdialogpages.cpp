@@ -193,6 +193,7 @@ void TestPrintDialogPages::initialState()
     QVERIFY(!reverse()->isChecked());
     const auto comments = find<QLabel>("PagesComments");
     QVERIFY(comments->minimumHeight() > 0);
+    QCOMPARE(comments->minimumHeight(), comments->sizeHint().height());
 }
 
 void TestPrintDialogPages::setOptions_data()
