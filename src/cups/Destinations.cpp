@@ -192,9 +192,12 @@ Cups::DestinationArray only(const cups_dest_t *destination)
 Cups::DestinationArray queueWithInstances(http_t *http, const char *name)
 {
     Cups::DestinationArray all = queueWithServerOptions(http, name);
-    for (const SavedEntry &entry : SavedOptionsFile::all()) {
-        if (all.find(entry.name.constData(), nullptr))
-            addSaved(all, entry);
+    for (SavedEntry entry : SavedOptionsFile::all()) {
+        const cups_dest_t *queue = all.find(entry.name.constData(), nullptr);
+        if (!queue)
+            continue;
+        entry.name = queue->name;
+        addSaved(all, entry);
     }
     return all;
 }
@@ -223,8 +226,9 @@ QList<Entry> listWithoutDiscovery()
     for (const QByteArray &name : *names)
         destinations.add(name.constData(), nullptr);
     for (const SavedEntry &entry : saved) {
-        if (destinations.find(entry.name.constData(), nullptr))
-            destinations.add(entry.name.constData(), orNull(entry.instance));
+        // Under the server's name: files may have it in another case.
+        if (const cups_dest_t *queue = destinations.find(entry.name.constData(), nullptr))
+            destinations.add(QByteArray(queue->name).constData(), orNull(entry.instance));
     }
     markDefault(destinations, defaultName(http.get(), saved));
     return entriesOf(destinations);
@@ -298,6 +302,8 @@ void Discovery::start()
 {
     if (std::exchange(m_isStarted, true))
         return;
+    // Here and not on the thread: a process that ends meanwhile takes down what this sets up.
+    httpInitialize();
     try {
         std::thread([shared = m_shared] {
             // A password cannot be asked for here, and the library would do so on the terminal.

@@ -263,6 +263,8 @@ void TestDestinations::list_data()
     row("last default", "", "Default Photo a=1\nDefault office\n", nullptr, "Laser *office Photo");
     row("default instance", "", "Default Photo/x a=1\n", nullptr, "Laser office Photo *Photo/x");
     row("unknown default", "", "Default Gone a=1\n", nullptr, "Laser office Photo");
+    row("names in another case", "", "Dest laser/two a=1\nDefault PHOTO a=1\n", nullptr,
+        "Laser Laser/two office *Photo");
     row("environment", "", "Default Photo a=1\n", "office", "Laser *office Photo");
     row("environment's instance", "", "Dest Photo/x a=1\n", "Photo/x",
         "Laser office Photo *Photo/x");

@@ -1,0 +1,730 @@
+#include "CUPSManager.h"
+#include "Destinations.h"
+#include "Requests.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <array>
+
+/** The facade and the destinations against a real server. What is read back, is read by others. */
+
+using Destinations::Entry;
+
+namespace
+{
+/** What `program` prints; null when it fails. */
+QString run(const QString &program, const QStringList &arguments, const QString &home = {})
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!home.isEmpty())
+        environment.insert(QStringLiteral("HOME"), home);
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        return {};
+    const QByteArray output = process.readAllStandardOutput();
+    return output.isEmpty() ? QStringLiteral("") : QString::fromUtf8(output);
+}
+
+QString run(const char *commandLine)
+{
+    QStringList arguments = QString::fromLatin1(commandLine).split(u' ');
+    const QString program = arguments.takeFirst();
+    return run(program, arguments);
+}
+
+/** What `lpstat` prints for a user without saved options. */
+QString lpstat(const QStringList &arguments)
+{
+    const QTemporaryDir home;
+    return run(QStringLiteral("lpstat"), arguments, home.path());
+}
+
+QString lpstat(const char *arguments)
+{
+    return lpstat(QString::fromLatin1(arguments).split(u' '));
+}
+
+QString userFile()
+{
+    return qEnvironmentVariable("HOME") + QStringLiteral("/.cups/lpoptions");
+}
+
+QString systemFile()
+{
+    return qEnvironmentVariable("CUPS_SERVERROOT") + QStringLiteral("/lpoptions");
+}
+
+void writeFile(const QString &path, const QByteArray &contents)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(contents), contents.size());
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray uriOf(const QString &name, const char *folder = "printers")
+{
+    return QByteArray("ipp://localhost/") + folder + '/' + name.toLatin1();
+}
+
+QStringList described(const PrinterInfo &info)
+{
+    QStringList orientations;
+    for (const int orientation : info.orientationsSupported)
+        orientations.append(QString::number(orientation));
+    const std::array numbers = {info.state,
+                                static_cast<int>(info.colorSupported),
+                                info.printerType,
+                                static_cast<int>(info.acceptingJobs),
+                                info.copiesDefault,
+                                info.copiesMin,
+                                info.copiesMax,
+                                static_cast<int>(info.pageRangesSupported),
+                                info.orientationDefault};
+    QStringList all = {
+        info.name,         info.description,  info.make,           info.location,
+        info.info,         info.modelInfo,    info.localUri,       info.uri,
+        info.mediaDefault, info.stateMessage, info.jobSheetsStart, info.jobSheetsEnd};
+    for (const int number : numbers)
+        all.append(QString::number(number));
+    return all + info.uris + info.mediaSupported + orientations + info.jobSheetsSupported;
+}
+
+/** The records of a response to the request as its class builds it, without any list of names. */
+template <typename Record> QMap<QString, QStringList> recordsOf(IPPRequest &request)
+{
+    QMap<QString, QStringList> records;
+    if (!request.send())
+        return records;
+    Record record;
+    for (ipp_attribute_t *attribute = ippFirstAttribute(request.response()); attribute;
+         attribute = ippNextAttribute(request.response())) {
+        record.readAttribute(attribute);
+        records.insert(record.name, described(record));
+        if (!ippGetName(attribute))
+            record = Record();
+    }
+    records.remove(QString());
+    return records;
+}
+
+QMap<QString, CUPSPrinter> printers()
+{
+    QMap<QString, CUPSPrinter> all;
+    _CUPS->getPrinters(all, 0, 0, nullptr);
+    return all;
+}
+
+CUPSPrinter printer(const char *name)
+{
+    CUPSPrinter found;
+    _CUPS->findPrinter(QString::fromLatin1(name), found, false);
+    return found;
+}
+
+/** The library's own list. */
+Cups::DestinationArray libraryDestinations()
+{
+    Cups::DestinationArray all;
+    all.countRef() = cupsGetDests(all.dataRef());
+    return all;
+}
+
+QString fullName(const cups_dest_t &destination)
+{
+    const QString name = QString::fromLatin1(destination.name);
+    return destination.instance ? name + u'/' + QString::fromLatin1(destination.instance) : name;
+}
+
+QString fullName(const Entry &entry)
+{
+    return entry.instance.isEmpty() ? entry.name : entry.name + u'/' + entry.instance;
+}
+
+QStringList optionsOf(const cups_dest_t &destination)
+{
+    QStringList options;
+    for (int i = 0; i < destination.num_options; ++i)
+        options.append(
+            QStringLiteral("%1=%2").arg(QString::fromLatin1(destination.options[i].name),
+                                        QString::fromLocal8Bit(destination.options[i].value)));
+    return options;
+}
+
+/** Jobs of a printer, as lpstat has them: "Laser-12". */
+QStringList jobsOf(const char *name, const char *which = "not-completed")
+{
+    QStringList jobs;
+    const QString text = lpstat({QStringLiteral("-W"), QString::fromLatin1(which),
+                                 QStringLiteral("-o"), QString::fromLatin1(name)});
+    for (const QString &line : text.split(u'\n', Qt::SkipEmptyParts))
+        jobs.append(line.section(u' ', 0, 0));
+    return jobs;
+}
+
+/** Queues a job and returns its id; 0 when that failed. */
+int queueJob(const char *name)
+{
+    const QString text =
+        run(QStringLiteral("lp"), {QStringLiteral("-d"), QString::fromLatin1(name),
+                                   QStringLiteral("-t"), QStringLiteral("My job"), userFile()});
+    return text.section(u' ', 3, 3).section(u'-', 1, 1).toInt();
+}
+} // namespace
+
+class TestCupsOperations : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+
+    void listsThePrinters();
+    void requestedAttributesChangeNoRecord();
+    void findsEveryPrinter();
+    void listsTheClasses();
+    void defaultPrinter();
+    void startsAndStops_data();
+    void startsAndStops();
+    void startsTheStoppedPrinter();
+    void startsTheRejectingPrinter();
+    void modifiesAPrinter();
+    void changesTheDriver();
+    void sendsAPpd();
+    void modifiesAClass();
+    void listsTheDrivers();
+    void printsAFile();
+    void listsAndCancelsJobs();
+    void deletesAPrinter();
+    void deletesAClass();
+    void refusedRequest();
+
+    void destinations_data();
+    void destinations();
+    void namedDestinations_data();
+    void namedDestinations();
+    void unknownNames();
+    void readsWhatLpoptionsWrites();
+    void savedOptionsOfOthersSurvive();
+    void savedOptionsSurviveWithoutServer();
+    void queuesAreInTheLibrarysOrder();
+
+private:
+    QByteArray m_savedAtStart;
+};
+
+void TestCupsOperations::initTestCase()
+{
+    QVERIFY2(lpstat("-r").startsWith(QStringLiteral("scheduler is running")),
+             "this test runs in a private world");
+    m_savedAtStart = readFile(userFile());
+    QVERIFY(m_savedAtStart.contains("Dest Laser/draft "));
+}
+
+void TestCupsOperations::init()
+{
+    writeFile(userFile(), m_savedAtStart);
+    QFile::remove(systemFile());
+    qunsetenv("PRINTER");
+    qunsetenv("LPDEST");
+}
+
+void TestCupsOperations::listsThePrinters()
+{
+    const QMap<QString, CUPSPrinter> all = printers();
+    QCOMPARE(all.keys(), QStringList({QStringLiteral("Laser"), QStringLiteral("Office"),
+                                      QStringLiteral("Photo"), QStringLiteral("Plain"),
+                                      QStringLiteral("Rejecting"), QStringLiteral("Stopped")}));
+    const QString accepting = lpstat("-a");
+    const QString defaultName = lpstat("-d").trimmed().section(u' ', -1);
+    for (const CUPSPrinter &found : all) {
+        const PrinterInfo &info = found.attributes;
+        const QString details = lpstat({QStringLiteral("-l"), QStringLiteral("-p"), info.name});
+        QVERIFY(details.contains(QStringLiteral("Description: ") + info.description));
+        QVERIFY(details.contains(QStringLiteral("Location: ") + info.location));
+        QCOMPARE(info.state, details.contains(QStringLiteral(" disabled since ")) ? 5 : 3);
+        QCOMPARE(info.acceptingJobs,
+                 accepting.contains(info.name + QStringLiteral(" accepting requests")));
+        QCOMPARE(info.isDefault, info.name == defaultName);
+        QCOMPARE(found.driver.model, info.modelInfo);
+    }
+    const PrinterInfo laser = all.value(QStringLiteral("Laser")).attributes;
+    QCOMPARE(laser.modelInfo, QStringLiteral("Tarvel CL 4200, sample driver 1.0"));
+    QVERIFY(laser.isDefault);
+    QVERIFY(laser.colorSupported && laser.pageRangesSupported);
+    QCOMPARE(laser.copiesMin, 1);
+    QVERIFY(laser.copiesMax > 1);
+    QVERIFY(!laser.mediaSupported.isEmpty());
+    QCOMPARE(laser.jobSheetsStart, QStringLiteral("none"));
+    QCOMPARE(laser.orientationDefault, 3); // the server has no value for it
+    QVERIFY(lpstat("-v Laser").contains(laser.localUri));
+    QCOMPARE(all.value(QStringLiteral("Stopped")).attributes.stateMessage,
+             QStringLiteral("Paused for repair"));
+}
+
+void TestCupsOperations::requestedAttributesChangeNoRecord()
+{
+    QMap<QString, QStringList> found;
+    for (const CUPSPrinter &one : printers())
+        found.insert(one.attributes.name, described(one.attributes));
+    Requests::GetPrinters plainRequest(0, 0);
+    QCOMPARE(found, recordsOf<PrinterInfo>(plainRequest));
+
+    QMap<QString, ClassInfo> classes;
+    QCOMPARE(_CUPS->getClasses(classes), 1);
+    found.clear();
+    for (const ClassInfo &cls : std::as_const(classes))
+        found.insert(cls.name, described(cls));
+    Requests::GetClasses plainClasses;
+    QCOMPARE(found, recordsOf<ClassInfo>(plainClasses));
+}
+
+void TestCupsOperations::findsEveryPrinter()
+{
+    const QMap<QString, CUPSPrinter> all = printers();
+    for (const CUPSPrinter &one : all) {
+        CUPSPrinter found;
+        QVERIFY(_CUPS->findPrinter(one.attributes.name, found, false));
+        QCOMPARE(described(found.attributes), described(one.attributes));
+        QCOMPARE(found.attributes.isDefault, one.attributes.isDefault);
+        QVERIFY(!_CUPS->findPrinter(one.attributes.name.toLower(), found, false));
+        CUPSPrinter byUri;
+        QVERIFY(_CUPS->getPrinterAttributes(uriOf(one.attributes.name).constData(), byUri));
+        QCOMPARE(described(byUri.attributes), described(one.attributes));
+    }
+    CUPSPrinter found;
+    QVERIFY(!_CUPS->findPrinter(QStringLiteral("nobody"), found, false));
+    QVERIFY(!_CUPS->findPrinter(QString(), found, false));
+    QVERIFY(!_CUPS->getPrinterAttributes(uriOf(QStringLiteral("nobody")).constData(), found));
+    QCOMPARE(_CUPS->lastStatus(), 0x0406);
+}
+
+void TestCupsOperations::listsTheClasses()
+{
+    ClassInfo office;
+    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
+    QCOMPARE(office.memberNames, QStringList({QStringLiteral("Laser"), QStringLiteral("Photo")}));
+    QCOMPARE(office.memberUris.size(), 2);
+    QVERIFY(office.memberUris.constFirst().endsWith(QStringLiteral("/printers/Laser")));
+    QVERIFY(lpstat("-c Office").contains(QStringLiteral("Laser\n")));
+    QVERIFY(!_CUPS->findClass(QStringLiteral("office"), office));
+    QVERIFY(!_CUPS->findClass(QStringLiteral("Laser"), office));
+}
+
+void TestCupsOperations::defaultPrinter()
+{
+    CUPSPrinter found;
+    QVERIFY(_CUPS->getDefaultPrinter(found));
+    QCOMPARE(found.attributes.name, QStringLiteral("Laser"));
+    QVERIFY(_CUPS->setDefaultPrinter(QString::fromLatin1(uriOf(QStringLiteral("Photo")))));
+    QCOMPARE(lpstat("-d"), QStringLiteral("system default destination: Photo\n"));
+    QCOMPARE(_CUPS->defaultPrinterName(), QStringLiteral("Photo"));
+    QVERIFY(printer("Photo").attributes.isDefault);
+    QVERIFY(_CUPS->setDefaultPrinter(QString::fromLatin1(uriOf(QStringLiteral("Laser")))));
+    QCOMPARE(lpstat("-d"), QStringLiteral("system default destination: Laser\n"));
+}
+
+void TestCupsOperations::startsAndStops_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("uri");
+    const QString laser = QStringLiteral("Laser");
+    const QString office = QStringLiteral("Office");
+    QTest::addRow("printer") << laser << uriOf(laser);
+    QTest::addRow("class") << office << uriOf(office, "classes");
+}
+
+void TestCupsOperations::startsAndStops()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, uri);
+    const auto state = [&name] { return lpstat({QStringLiteral("-p"), name}); };
+    const auto acceptance = [&name] { return lpstat({QStringLiteral("-a"), name}); };
+    QVERIFY(_CUPS->stopPrinter(uri.constData()));
+    QVERIFY(state().contains(QStringLiteral(" disabled since ")));
+    QVERIFY(acceptance().contains(QStringLiteral(" not accepting requests ")));
+    QVERIFY(_CUPS->startPrinter(uri.constData()));
+    QVERIFY(state().contains(QStringLiteral(" is idle.  enabled since ")));
+    QVERIFY(acceptance().startsWith(name + QStringLiteral(" accepting requests ")));
+}
+
+void TestCupsOperations::startsTheStoppedPrinter()
+{
+    QVERIFY(lpstat("-p Stopped").contains(QStringLiteral(" disabled since ")));
+    QVERIFY(_CUPS->startPrinter(printer("Stopped").attributes.uri.toLatin1().constData()));
+    QVERIFY(lpstat("-p Stopped").contains(QStringLiteral(" is idle.  enabled since ")));
+    QVERIFY(!run("cupsdisable Stopped").isNull());
+}
+
+void TestCupsOperations::startsTheRejectingPrinter()
+{
+    QVERIFY(lpstat("-a Rejecting").contains(QStringLiteral(" not accepting requests ")));
+    QVERIFY(_CUPS->startPrinter(printer("Rejecting").attributes.uri.toLatin1().constData()));
+    QVERIFY(!lpstat("-a Rejecting").contains(QStringLiteral(" not accepting requests ")));
+    QVERIFY(!run("cupsreject Rejecting").isNull());
+}
+
+void TestCupsOperations::modifiesAPrinter()
+{
+    CUPSPrinter plain = printer("Plain");
+    const CUPSPrinter before = plain;
+    plain.attributes.location = QStringLiteral("Moved away");
+    plain.attributes.description = QStringLiteral("Renamed");
+    plain.attributes.acceptingJobs = false;
+    plain.attributes.state = 5;
+    QVERIFY(_CUPS->modifyPrinter(plain));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    const QString details = lpstat("-l -p Plain");
+    QVERIFY(details.contains(QStringLiteral("Location: Moved away")));
+    QVERIFY(details.contains(QStringLiteral("Description: Renamed")));
+    QVERIFY(details.contains(QStringLiteral(" disabled since ")));
+    QVERIFY(lpstat("-a Plain").contains(QStringLiteral(" not accepting requests ")));
+    QVERIFY(_CUPS->modifyPrinter(before));
+    QCOMPARE(described(printer("Plain").attributes), described(before.attributes));
+}
+
+void TestCupsOperations::changesTheDriver()
+{
+    const QList<DriverInfo> drivers = _CUPS->getPPDs(nullptr);
+    QVERIFY(!drivers.isEmpty());
+    QVERIFY(!run("lpadmin -p Changing -E -v file:/dev/null").isNull());
+    CUPSPrinter changing = printer("Changing");
+    changing.ppdName = drivers.constFirst().driverFile;
+    QVERIFY(_CUPS->modifyPrinter(changing));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    QCOMPARE(printer("Changing").attributes.modelInfo, drivers.constFirst().model);
+    QVERIFY(run("lpoptions -p Changing -l").contains(QStringLiteral("PageSize/")));
+    QVERIFY(!run("lpadmin -x Changing").isNull());
+}
+
+void TestCupsOperations::sendsAPpd()
+{
+    QVERIFY(!run("lpadmin -p Bare -E -v file:/dev/null").isNull());
+    QVERIFY(!run("lpoptions -p Bare -l").contains(QStringLiteral("Duplex/")));
+    QVERIFY(_CUPS->setPrinterPPD(uriOf(QStringLiteral("Bare")).constData(),
+                                 qEnvironmentVariable("CUPS_SERVERROOT") +
+                                     QStringLiteral("/ppd/Laser.ppd")));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    QVERIFY(run("lpoptions -p Bare -l").contains(QStringLiteral("Duplex/")));
+    QVERIFY(!run("lpadmin -x Bare").isNull());
+}
+
+void TestCupsOperations::modifiesAClass()
+{
+    ClassInfo office;
+    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
+    const ClassInfo before = office;
+    office.location = QStringLiteral("Everywhere");
+    office.memberUris = {QString::fromLatin1(uriOf(QStringLiteral("Plain"))),
+                         QString::fromLatin1(uriOf(QStringLiteral("Laser")))};
+    QVERIFY(_CUPS->modifyClass(office));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tPlain\n\tLaser\n"));
+    QVERIFY(lpstat("-l -p Office").contains(QStringLiteral("Location: Everywhere")));
+    QVERIFY(_CUPS->modifyClass(before));
+    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tLaser\n\tPhoto\n"));
+}
+
+void TestCupsOperations::listsTheDrivers()
+{
+    QStringList names;
+    for (const DriverInfo &driver : _CUPS->getPPDs(nullptr)) {
+        QVERIFY(!driver.model.isEmpty() && !driver.make.isEmpty());
+        names.append(driver.driverFile);
+    }
+    QVERIFY(!names.isEmpty());
+    QSet<QString> expected;
+    for (const QString &line : run("lpinfo -m").split(u'\n', Qt::SkipEmptyParts))
+        expected.insert(line.section(u' ', 0, 0));
+    // lpinfo adds this one, and "raw" is no driver of the server's.
+    expected -= QSet<QString>{QStringLiteral("everywhere"), QStringLiteral("raw")};
+    QSet<QString> found(names.cbegin(), names.cend());
+    found -= QSet<QString>{QStringLiteral("everywhere"), QStringLiteral("raw")};
+    QCOMPARE(found, expected);
+}
+
+void TestCupsOperations::printsAFile()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("document.txt"));
+    const QByteArray document = "printed by the facade\n";
+    writeFile(path, document);
+    const QSet<QString> before = [] {
+        const QStringList jobs = jobsOf("Plain", "completed");
+        return QSet<QString>(jobs.cbegin(), jobs.cend());
+    }();
+    QVERIFY(_CUPS->printFile(printer("Plain"), {QStringLiteral("My title"),
+                                                QStringLiteral("application/octet-stream"), path}));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    const auto finished = [&before] {
+        const QStringList jobs = jobsOf("Plain", "completed");
+        return QSet<QString>(jobs.cbegin(), jobs.cend()) - before;
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(finished().size(), 1, 30'000);
+    const int id = finished().cbegin()->section(u'-', 1).toInt();
+    QMap<int, JobInfo> jobs;
+    QVERIFY(_CUPS->getJobs(jobs, "Plain", false) >= 1);
+    QCOMPARE(jobs.value(id).name, QStringLiteral("My title"));
+    QCOMPARE(jobs.value(id).user, QStringLiteral("root"));
+    QCOMPARE(jobs.value(id).state, static_cast<int>(IPP_JSTATE_COMPLETED));
+    // What came out of the printer.
+    const QDir pages(qEnvironmentVariable("VESK_WORLD") + QStringLiteral("/pages"));
+    const QStringList printed = pages.entryList({QStringLiteral("job-%1.*").arg(id)});
+    QCOMPARE(printed.size(), 1);
+    QCOMPARE(readFile(pages.filePath(printed.constFirst())), document);
+}
+
+void TestCupsOperations::listsAndCancelsJobs()
+{
+    const int first = queueJob("Stopped");
+    const int second = queueJob("Stopped");
+    QVERIFY(first > 0 && second > first);
+    QMap<int, JobInfo> jobs;
+    QCOMPARE(_CUPS->getJobs(jobs, "Stopped", true), 2);
+    QCOMPARE(jobs.keys(), QList<int>({first, second}));
+    QCOMPARE(jobs.value(first).printer, QStringLiteral("Stopped"));
+    QCOMPARE(jobs.value(first).name, QStringLiteral("My job"));
+    QVERIFY(jobs.value(first).uri.isEmpty());
+    QVERIFY(jobs.value(first).timeAtCreation > 0);
+
+    QVERIFY(_CUPS->cancelJob("Stopped", first));
+    QCOMPARE(jobsOf("Stopped"), QStringList(QStringLiteral("Stopped-%1").arg(second)));
+    const QByteArray uri = "ipp://localhost/jobs/" + QByteArray::number(second);
+    QVERIFY(_CUPS->cancelJob(uri.constData()));
+    QCOMPARE(_CUPS->lastStatus(), 0);
+    QVERIFY(jobsOf("Stopped").isEmpty());
+    QVERIFY(!_CUPS->cancelJob("Stopped", second));
+    QMap<int, JobInfo> all;
+    QVERIFY(_CUPS->getJobs(all, "Stopped", false) >= 2);
+    QCOMPARE(all.value(first).state, static_cast<int>(IPP_JSTATE_CANCELED));
+}
+
+void TestCupsOperations::deletesAPrinter()
+{
+    QVERIFY(!run("lpadmin -p Doomed -E -v file:/dev/null").isNull());
+    QVERIFY(!run("lpadmin -p Doomed -c Office").isNull());
+    QVERIFY(!run("lpadmin -p Doomed -c Alone").isNull());
+    writeFile(userFile(), m_savedAtStart + "Dest Doomed a=1\nDest Gone b=1\n");
+    QVERIFY(lpstat("-c Office").contains(QStringLiteral("Doomed")));
+
+    QVERIFY(_CUPS->deletePrinter(uriOf(QStringLiteral("Doomed")).constData()));
+    QVERIFY(!lpstat("-v").contains(QStringLiteral("Doomed")));
+    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tLaser\n\tPhoto\n"));
+    const QByteArray saved = readFile(userFile());
+    QVERIFY(!saved.contains("Doomed"));
+    QVERIFY(saved.contains("Dest Gone b=1\n"));
+    QVERIFY(saved.contains("Dest Laser/draft "));
+    ClassInfo office;
+    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
+    QCOMPARE(office.location, QStringLiteral("First floor"));
+}
+
+void TestCupsOperations::deletesAClass()
+{
+    QVERIFY(!run("lpadmin -p Laser -c Doomed").isNull());
+    writeFile(userFile(), m_savedAtStart + "Dest Doomed a=1\n");
+    QVERIFY(lpstat("-c Doomed").contains(QStringLiteral("Laser")));
+    QVERIFY(_CUPS->deleteClass(uriOf(QStringLiteral("Doomed"), "classes").constData()));
+    QVERIFY(!lpstat("-v").contains(QStringLiteral("Doomed")));
+    QVERIFY(!readFile(userFile()).contains("Doomed"));
+    QVERIFY(readFile(userFile()).contains("Dest Laser/draft "));
+}
+
+void TestCupsOperations::refusedRequest()
+{
+    QVERIFY(_CUPS->startPrinter(uriOf(QStringLiteral("nobody")).constData()));
+    QCOMPARE(_CUPS->lastStatus(), 0x0406);
+    QCOMPARE(IPPRequest::statusText(_CUPS->lastStatus()),
+             QStringLiteral("IPP_NOT_FOUND - Not found"));
+}
+
+void TestCupsOperations::destinations_data()
+{
+    QTest::addColumn<QByteArray>("systemText");
+    QTest::addColumn<QByteArray>("userText");
+    QTest::addColumn<QByteArray>("printer");
+    QTest::addColumn<QString>("defaultName");
+    const auto row = [](const char *title, const char *systemText, const char *userText,
+                        const char *printer, const char *defaultName) {
+        QTest::addRow("%s", title) << QByteArray(systemText) << QByteArray(userText)
+                                   << QByteArray(printer) << QString::fromLatin1(defaultName);
+    };
+    row("nothing saved", "", "", nullptr, "Laser");
+    row("as the world has it", "", "Default Laser\nDest Laser/draft Duplex=DuplexNoTumble\n",
+        nullptr, "Laser");
+    row("default with options", "", "Dest Laser Duplex=DuplexNoTumble\n", nullptr, "Laser");
+    row("default with an instance", "", "Dest Laser/draft a=1\n", nullptr, "Laser");
+    row("user's default", "", "Default Photo a=1\n", nullptr, "Photo");
+    row("default instance", "", "Default Photo/glossy a=1\nDest Photo b=1\n", nullptr,
+        "Photo/glossy");
+    row("system's default", "Default Plain\n", "Dest Photo b=1\n", nullptr, "Plain");
+    row("both", "Default Plain a=1\nDest Laser/sys b=1\n",
+        "Default Office c=1\nDest Laser/own d=1\nDest Plain/x e=1\n", nullptr, "Office");
+    row("stale entries", "Dest Gone a=1\n", "Dest Other/i b=1\nDest Laser/i c=1\n", nullptr,
+        "Laser");
+    row("stale default", "", "Default Gone a=1\n", nullptr, "");
+    row("comments", "# none\n", "Dest Laser/i a=1 # more\n#Dest Photo/j\n", nullptr, "Laser");
+    row("environment", "", "Default Photo a=1\n", "Plain", "Plain");
+    row("environment: instance", "", "Dest Plain/x a=1\n", "Plain/x", "Plain/x");
+    row("environment: unknown", "", "Default Photo a=1\n", "Gone", "");
+    row("environment: lp", "", "Default Photo a=1\n", "lp", "Photo");
+}
+
+void TestCupsOperations::destinations()
+{
+    QFETCH(QByteArray, systemText);
+    QFETCH(QByteArray, userText);
+    QFETCH(QByteArray, printer);
+    writeFile(systemFile(), systemText);
+    writeFile(userFile(), userText);
+    if (!printer.isNull())
+        qputenv("PRINTER", printer);
+
+    QStringList expected;
+    QString libraryDefault;
+    for (const cups_dest_t &destination : libraryDestinations()) {
+        expected.append(fullName(destination));
+        if (destination.is_default)
+            libraryDefault = fullName(destination);
+    }
+    QStringList found;
+    QStringList defaults;
+    for (const Entry &entry : Destinations::listWithoutDiscovery()) {
+        found.append(fullName(entry));
+        if (entry.isDefault)
+            defaults.append(fullName(entry));
+    }
+    QCOMPARE(found, expected);
+    QTEST(defaults.join(u' '), "defaultName");
+    // The library leaves some defaults without a mark, but it marks no other.
+    if (!libraryDefault.isEmpty())
+        QCOMPARE(defaults, QStringList(libraryDefault));
+    // The system's tools take the same one.
+    if (!defaults.isEmpty())
+        QCOMPARE(run("lpstat -d"),
+                 QStringLiteral("system default destination: %1\n").arg(defaults.constFirst()));
+}
+
+void TestCupsOperations::namedDestinations_data()
+{
+    destinations_data();
+}
+
+void TestCupsOperations::namedDestinations()
+{
+    QFETCH(QByteArray, systemText);
+    QFETCH(QByteArray, userText);
+    writeFile(systemFile(), systemText);
+    writeFile(userFile(), userText);
+    const Cups::DestinationArray all = libraryDestinations();
+    QVERIFY(all.count() >= 6);
+    for (const cups_dest_t &expected : all) {
+        const auto found = Destinations::named(expected.name, expected.instance);
+        QCOMPARE(found.count(), 1);
+        QCOMPARE(fullName(*found.data()), fullName(expected));
+        QCOMPARE(optionsOf(*found.data()), optionsOf(expected));
+    }
+}
+
+void TestCupsOperations::unknownNames()
+{
+    QCOMPARE(Destinations::named("nobody", nullptr).count(), 0);
+    QCOMPARE(Destinations::named("Laser", "nobody").count(), 0);
+    QCOMPARE(Destinations::named("", nullptr).count(), 0);
+    QCOMPARE(Destinations::named("La ser/../x", nullptr).count(), 0);
+    QCOMPARE(Destinations::named("laser", nullptr).count(), 1);
+}
+
+void TestCupsOperations::readsWhatLpoptionsWrites()
+{
+    writeFile(userFile(), {});
+    QVERIFY(!run("lpoptions -d Photo").isNull());
+    QVERIFY(!run(QStringLiteral("lpoptions"),
+                 {QStringLiteral("-p"), QStringLiteral("Plain/odd"), QStringLiteral("-o"),
+                  QStringLiteral("text=a\\ \\\"quoted\\\"\\ \\'text\\'\\ \\\\\\ end"),
+                  QStringLiteral("-o"), QStringLiteral("flag")})
+                 .isNull());
+    const auto entries = Destinations::parseSavedOptions(readFile(userFile()));
+    QVERIFY(!entries.isEmpty());
+    const Cups::DestinationArray saved = Destinations::saved();
+    const cups_dest_t *photo = saved.find("Photo", nullptr);
+    QVERIFY(photo && photo->is_default);
+    const cups_dest_t *odd = saved.find("Plain", "odd");
+    QVERIFY(odd);
+    QCOMPARE(cupsGetOption("text", odd->num_options, odd->options), "a \"quoted\" 'text' \\ end");
+    QCOMPARE(cupsGetOption("flag", odd->num_options, odd->options), "true");
+    // Written back, it is the same to lpoptions.
+    const QString before = run("lpoptions -p Plain/odd");
+    QVERIFY(Destinations::writeSaved(saved));
+    QCOMPARE(run("lpoptions -p Plain/odd"), before);
+}
+
+void TestCupsOperations::savedOptionsOfOthersSurvive()
+{
+    const QByteArray system = "Dest Laser Resolution=300dpi\nDest Photo/sys a=1\n";
+    writeFile(systemFile(), system);
+    writeFile(userFile(), "Dest Laser Duplex=DuplexNoTumble\nDest Laser/draft InputSlot=Tray2\n"
+                          "Dest Gone z=1\nDefault Other/i y='a b'\n");
+    Cups::DestinationArray all = Destinations::saved();
+    all.add("Plain", nullptr);
+    cups_dest_t *plain = all.find("Plain", nullptr);
+    plain->num_options = cupsAddOption("wrap", "true", plain->num_options, &plain->options);
+    QVERIFY(Destinations::writeSaved(all));
+    QCOMPARE(readFile(userFile()),
+             QByteArray("Dest Gone z=1\nDest Laser Duplex=DuplexNoTumble\n"
+                        "Dest Laser/draft InputSlot=Tray2\nDefault Other/i y=\"a b\"\n"
+                        "Dest Plain wrap=true\n"));
+    QCOMPARE(readFile(systemFile()), system);
+    const QString laser = run("lpoptions -p Laser");
+    QVERIFY(laser.contains(QStringLiteral("Duplex=DuplexNoTumble")));
+    QVERIFY(laser.contains(QStringLiteral("Resolution=300dpi")));
+    QVERIFY(run("lpoptions -p Plain").contains(QStringLiteral("wrap=true")));
+}
+
+void TestCupsOperations::savedOptionsSurviveWithoutServer()
+{
+    const QByteArray text = "Dest Laser a=1\nDefault Gone z=1\n";
+    writeFile(userFile(), text);
+    const QByteArray server = cupsServer();
+    cupsSetServer("/nonexistent/socket");
+    const bool isWritten = Destinations::writeSaved(Destinations::saved());
+    cupsSetServer(server.constData());
+    QVERIFY(!isWritten);
+    QCOMPARE(readFile(userFile()), text);
+}
+
+void TestCupsOperations::queuesAreInTheLibrarysOrder()
+{
+    QStringList names;
+    for (const char *name : {"zeta", "Alpha", "beta", "Gamma", "alpha2", "ALPHA1"}) {
+        QVERIFY(!run(qPrintable(QStringLiteral("lpadmin -p %1 -E -v file:/dev/null")
+                                    .arg(QString::fromLatin1(name))))
+                     .isNull());
+        names.append(QString::fromLatin1(name));
+    }
+    QStringList expected;
+    for (const cups_dest_t &destination : libraryDestinations())
+        expected.append(fullName(destination));
+    QStringList found;
+    for (const Entry &entry : Destinations::listWithoutDiscovery())
+        found.append(fullName(entry));
+    QCOMPARE(found, expected);
+    for (const QString &name : std::as_const(names))
+        QVERIFY(!run(QStringLiteral("lpadmin"), {QStringLiteral("-x"), name}).isNull());
+}
+
+QTEST_GUILESS_MAIN(TestCupsOperations)
+#include "tst_cups_operations.moc"
