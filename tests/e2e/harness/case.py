@@ -124,12 +124,15 @@ class PrintDialog:
         widgets.press(self._case.desktop, "ctrl+a", *str(number))
         until(lambda: spin_box.value == number, "%d copies" % number)
 
-    def choose(self, name):
-        """Chooses a destination with the keyboard."""
+    def open_list(self):
+        """Opens the list of destinations and returns it."""
         combo = self._combo
         combo.click()
-        entry = combo.find("list item", name)
-        entry.click()
+        return combo
+
+    def choose(self, name):
+        """Chooses a destination with the mouse."""
+        self.open_list().find("list item", name).click()
         until(lambda: self.destination == name, "the destination " + name)
 
     def accept(self):
@@ -141,6 +144,13 @@ class PrintDialog:
     def box(self, title):
         """The message box with this title; its text."""
         return self._case.window(self._run, title)
+
+    def answers(self):
+        """Whether the program looks after its window at the moment."""
+        try:
+            return self._window.has(widgets.SHOWING)
+        except widgets.Gone:
+            return False
 
     def is_open(self):
         return widgets.has_window(self._case.desktop, self._run, TITLE)

@@ -10,6 +10,8 @@ import urllib.parse
 from . import place, processes
 from .waiting import until
 
+#: The socket's path as the server itself knows it.
+LISTENS_AT = place.WORLD + "/var/run/cups/cups.sock"
 _PID = place.WORLD + "/var/run/cups/cupsd.pid"
 _JOB_TEST = """{
     NAME "job"
