@@ -118,8 +118,8 @@ class NotReady(DialogCase):
 
     def setUp(self):
         super().setUp()
-        self.addCleanup(server.command, "cupsdisable", "Stopped")
-        self.addCleanup(server.command, "cupsreject", "Rejecting")
+        self.addCleanup(server.command, "cupsdisable", "-U", "root", "Stopped")
+        self.addCleanup(server.command, "cupsreject", "-U", "root", "Rejecting")
 
     def assert_warned(self, run, dialog):
         dialog.accept()

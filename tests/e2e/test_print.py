@@ -159,7 +159,7 @@ class Print(DialogCase):
         self.assertEqual(self.printed(number), b"plain text\n")
 
     def test_stopped_and_started(self):
-        self.addCleanup(server.command, "cupsdisable", "Stopped")
+        self.addCleanup(server.command, "cupsdisable", "-U", "root", "Stopped")
         file = self.file("document.ps", pages_document(1))
         run = self.start("-P", "Stopped", file)
         dialog = self.dialog(run)
