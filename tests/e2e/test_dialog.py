@@ -2,7 +2,7 @@
 
 import signal
 
-from harness import expected, server, widgets
+from harness import expected, widgets
 from harness.case import DialogCase
 from harness.waiting import until
 
@@ -116,11 +116,6 @@ class Destination(DialogCase):
 class NotReady(DialogCase):
     """Printers that are stopped or take no jobs."""
 
-    def setUp(self):
-        super().setUp()
-        self.addCleanup(server.command, "cupsdisable", "-U", "root", "Stopped")
-        self.addCleanup(server.command, "cupsreject", "-U", "root", "Rejecting")
-
     def assert_warned(self, run, dialog):
         dialog.accept()
         box = dialog.box("Warning!")
@@ -128,26 +123,6 @@ class NotReady(DialogCase):
         widgets.press(self.desktop, "Return")
         until(lambda: not widgets.has_window(self.desktop, run, "Warning!"), "the end of the box")
         self.assertTrue(dialog.is_open())
-
-    def assert_printed_after_start(self, name, status):
-        file = self.file()
-        run = self.start("-P", name, file)
-        dialog = self.dialog(run)
-        self.assertEqual(dialog.status, status)
-        self.assertTrue(dialog.button("Start").has(widgets.ENABLED))
-        self.assert_warned(run, dialog)
-        dialog.button("Start").click()
-        until(lambda: dialog.status == "idle, accepting jobs", "the printer's start")
-        self.assertFalse(dialog.button("Start").has(widgets.ENABLED))
-        # The options are those from before the start.
-        dialog.accept()
-        result = run.finish()
-        self.assertEqual(result.arguments[:5], ["-#", "1", "-P", name, "-h"])
-        self.assertEqual(result.arguments[-1], file)
-        self.assertEqual(result.status, 0)
-
-    def test_stopped(self):
-        self.assert_printed_after_start("Stopped", "stopped, accepting jobs")
 
     def test_cancelled_after_the_warning(self):
         run = self.start("-P", "Stopped", self.file())

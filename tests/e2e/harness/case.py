@@ -141,6 +141,14 @@ class PrintDialog:
     def cancel(self):
         self.button("Cancel").click()
 
+    def start_printer(self):
+        """Presses Start, and gives root's password where that is asked for."""
+        self.button("Start").click()
+        if not place.IS_ROOT:
+            self._case.window(self._run, "Authorization")
+            widgets.user(self._case.desktop, "type", "--delay", "1", place.PASSWORD)
+            widgets.press(self._case.desktop, "Return")
+
     def box(self, title):
         """The message box with this title; its text."""
         return self._case.window(self._run, title)

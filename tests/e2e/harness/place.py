@@ -6,6 +6,10 @@ WORLD = os.environ["VESK_WORLD"]
 RELOCATED = "VESK_RELOCATED_ROOT" in os.environ
 #: Mounts are seen by the world alone.
 MAY_MOUNT = not RELOCATED and os.geteuid() == 0
+#: The server asks others than root for root's password, and knows it in the world with namespaces.
+IS_ROOT = os.geteuid() == 0
+PASSWORD = "secret"
+MAY_ADMINISTRATE = IS_ROOT or not RELOCATED
 _ROOT = WORLD if RELOCATED else ""
 
 PROGRAM = _ROOT + "/usr/bin/lpr"
