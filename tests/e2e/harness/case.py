@@ -115,7 +115,11 @@ class PrintDialog:
 
     @property
     def status(self):
-        return self._window.find("label", description="Status of the printer").name
+        """What a screen reader says of it, without the caption."""
+        caption = "Status: "
+        name = self._window.find("label", description="Status of the printer").name
+        assert name.startswith(caption), name
+        return name[len(caption):]
 
     def set_copies(self, number):
         spin_box = self.copies
