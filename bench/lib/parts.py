@@ -1,0 +1,37 @@
+"""What is measured. Each part prints its table and tells whether its targets were met."""
+
+import json
+import sys
+from typing import Callable, NamedTuple
+
+import capture
+import handover
+import paint
+import select_destination
+
+
+class Part(NamedTuple):
+    title: str
+    measure: Callable
+
+
+ALL = {
+    "handover": Part("Hand-over to the system client", handover.measure),
+    "paint": Part("From exec to the first painted dialog", paint.measure_queues),
+    "discovery": Part("With announced printers", paint.measure_discovery),
+    "select": Part("Choosing another destination", select_destination.measure),
+    "capture": Part("Capturing standard input", capture.measure),
+}
+
+INSIDE = {
+    "handover": handover.inside,
+    "paint": paint.inside,
+    "join": paint.inside_join,
+    "select": select_destination.inside,
+    "capture": capture.inside,
+}
+
+
+def run_inside(name, arguments):
+    json.dump(INSIDE[name](**json.loads(arguments)), sys.stdout)
+    return 0
