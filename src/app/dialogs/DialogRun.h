@@ -4,7 +4,7 @@
 #include <vector>
 
 /**
- * The part of a run that needs windows, kept in a library of its own: runs without a dialog do not
+ * What of a run needs windows, kept in a library of its own: runs without a dialog do not
  * load the window toolkit. Only the standard library's types cross the border.
  */
 struct DialogRun {
