@@ -15,7 +15,7 @@ draw_folder()
 
 if [ $# -eq 0 ]; then
     cd "$(dirname "$0")"
-    set -- $(find . -type d -name svg -exec dirname {} \;)
+    exec find . -type d -name svg -execdir "$PWD/$(basename "$0")" . \;
 fi
 for folder in "$@"; do
     draw_folder "$folder"
