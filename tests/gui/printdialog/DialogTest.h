@@ -1,15 +1,10 @@
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
+#include "MessageBoxes.h"
+
 #include <QFile>
-#include <QMessageBox>
 #include <QProcess>
 #include <QTest>
-#include <QTimer>
-
-#include <functional>
-#include <optional>
 
 /** What the tests of the print dialog share. */
 namespace DialogTest
@@ -23,31 +18,8 @@ template <typename Widget> Widget *child(const QWidget &parent, const char *name
     return widget;
 }
 
-struct Box {
-    QMessageBox::Icon icon;
-    QString title;
-    QString text;
-};
-
-/** Runs `action` and answers the message box that it shows, if any, with OK. */
-inline std::optional<Box> boxShownBy(const std::function<void()> &action)
-{
-    std::optional<Box> shown;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        const auto box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box)
-            return;
-        watch.stop();
-        // The texts that the user sees, rich text or not.
-        shown = Box{box->icon(), box->windowTitle(),
-                    box->textFormat() == Qt::PlainText ? box->text() : QString()};
-        box->button(QMessageBox::Ok)->click();
-    });
-    watch.start(0);
-    action();
-    return shown;
-}
+using MessageBoxes::Box;
+using MessageBoxes::boxShownBy;
 
 /** Runs a program of the print server's tools; it must succeed. Returns what it prints. */
 inline QByteArray run(const char *program, const QStringList &arguments)
