@@ -1,7 +1,6 @@
 """The diagnostic logs and the settings file."""
 
 import os
-import shutil
 
 from harness import place
 from harness.case import DialogCase
@@ -94,32 +93,26 @@ class Logs(DialogCase):
 
 
 class Settings(DialogCase):
-    def bare_program(self):
-        """The program in a tree without settings file."""
-        tree = os.path.join(self.folder, "tree")
-        os.mkdir(tree)
-        for name in ("bin", "lib"):
-            shutil.copytree(os.path.join(place.TREE, name), os.path.join(tree, name))
-        return os.path.join(tree, "bin", os.path.basename(place.TREE_PROGRAM))
+    """The tree without `share` has no settings file."""
 
     def test_found(self):
         self.assertEqual(self.complete("-Z", self.file()).output, "")
 
     def test_not_found(self):
-        program = self.bare_program()
+        program = self.own_program("bin", "lib")
         result = self.complete("-Z", self.file(), name=program, program=program)
         self.assertEqual(result.output, WARNING)
         self.assertEqual(result.status, 0)
 
     def test_not_found_with_a_dialog(self):
-        program = self.bare_program()
+        program = self.own_program("bin", "lib")
         file = self.file()
         result = self.accepted(file, name=program, program=program)
         self.assertEqual(result.output, WARNING)
         self.assertEqual(result.arguments[-1], file)
 
     def test_in_the_working_folder(self):
-        program = self.bare_program()
+        program = self.own_program("bin", "lib")
         run = self.start("-Z", self.file(), name=program, program=program,
                          place_file=("OEM.ini", "VENDOR=Tarvel\n"))
         self.assertEqual(run.finish().output, "")

@@ -32,6 +32,13 @@ class Case(unittest.TestCase):
             file.write(content)
         return path if isinstance(name, bytes) else os.fsdecode(path)
 
+    def own_program(self, *names):
+        """The program of an installed tree of the case's own, with these of the tree's folders."""
+        tree = os.path.join(self.folder, "tree")
+        for name in names:
+            shutil.copytree(os.path.join(place.TREE, name), os.path.join(tree, name))
+        return os.path.join(tree, "bin", os.path.basename(place.TREE_PROGRAM))
+
     def start(self, *arguments, **settings):
         """Starts a run, see Run."""
         self._runs += 1
