@@ -280,7 +280,7 @@ bool CUPSManager::getPrinterAttributes(const char *uri, CUPSPrinter &out)
 
 QString CUPSManager::defaultPrinterName()
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     // Without a connection the library would open one of its own, and wait for it without limit.
     return http ? fromWire(cupsGetDefault2(http.get()))
                 : fromWire(Destinations::environmentDefault());
@@ -307,7 +307,7 @@ bool CUPSManager::setDefaultPrinter(const QString &uri)
 bool CUPSManager::cancelJob(const char *destination, int jobId)
 {
     constexpr int KeepHistory = 0;
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     return http && cupsCancelJob2(http.get(), destination, jobId, KeepHistory) <
                        IPP_STATUS_REDIRECTION_OTHER_SITE;
 }
@@ -393,7 +393,7 @@ bool CUPSManager::deleteClass(const char *uri)
 
 int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool activeOnly)
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return 0;
     const qsizetype before = out.size();

@@ -127,7 +127,7 @@ Cups::DestinationArray discovered(http_t *http)
 
 QList<Entry> listWithDiscovery()
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return {};
     Cups::DestinationArray destinations = discovered(http.get());
@@ -154,10 +154,37 @@ Knowledge askForQueue(http_t *http, const char *name)
                : Knowledge::Unknown;
 }
 
+/**
+ * Keeps the library from a connection of its own, which would have no time limit: while it lives,
+ * the library's server is one that nobody can connect to.
+ */
+class NoOtherConnection
+{
+public:
+    NoOtherConnection() { cupsSetServer("/dev/null"); }
+    NoOtherConnection(const NoOtherConnection &) = delete;
+    NoOtherConnection &operator=(const NoOtherConnection &) = delete;
+    ~NoOtherConnection()
+    {
+        // The configured one, with all that the configuration says of it; or another.
+        cupsSetServer(nullptr);
+        if (m_server == cupsServer() && m_port == ippPort())
+            return;
+        cupsSetServer(m_server.constData());
+        ippSetPort(m_port);
+    }
+
+private:
+    const QByteArray m_server = cupsServer();
+    const int m_port = ippPort();
+};
+
 /** Queue `name` with the options that the server gives it. */
 Cups::DestinationArray queueWithServerOptions(http_t *http, const char *name)
 {
     Cups::DestinationArray queue;
+    // Where the server does not answer here, the library goes on to discovery.
+    const NoOtherConnection here;
     // No saved options are those of an instance that no file can name.
     cups_dest_t *found = cupsGetNamedDest(http, name, " ");
     if (!found)
@@ -215,7 +242,7 @@ QByteArray environmentDefault()
 
 QList<Entry> listWithoutDiscovery()
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return {};
     const auto names = queueNames(http.get());
@@ -236,7 +263,7 @@ QList<Entry> listWithoutDiscovery()
 
 Cups::DestinationArray named(const char *name, const char *instance)
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return {};
     // Asked first because for a name that the server does not know, or does not tell, the library
@@ -262,7 +289,7 @@ Cups::DestinationArray saved()
 
 bool writeSaved(const Cups::DestinationArray &destinations)
 {
-    const Cups::HttpPtr http = ServerConnection::open();
+    const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return false;
     WritableDestinations writable(destinations);

@@ -107,9 +107,8 @@ void noticeRefusal(Authentication &state)
 const char *passwordCallback(const char *prompt, http_t *http, const char *, const char *, void *)
 {
     noticeRefusal(authentication());
-    const char *password = IPPRequest::rootPasswordCallback(prompt);
-    ServerConnection::restartClock(http);
-    return password;
+    const ServerConnection::UserTime userTime(http);
+    return IPPRequest::rootPasswordCallback(prompt);
 }
 
 /** A fixed buffer that is filled piece by piece; what does not fit is cut off. */
@@ -199,7 +198,7 @@ IPPRequest::IPPRequest(int operation)
 IPPRequest::~IPPRequest()
 {
     if (m_http)
-        httpClose(m_http);
+        ServerConnection::close(m_http);
     if (m_request)
         ippDelete(m_request);
     if (m_response)

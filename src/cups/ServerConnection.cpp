@@ -1,51 +1,60 @@
 #include "ServerConnection.h"
 
+#include "Watchdog.h"
+
 #include <atomic>
 #include <chrono>
-#include <cstdint>
 #include <sys/socket.h>
 
 namespace
 {
+using Clock = Watchdog::Clock;
+
 constexpr int Blocking = 1;
+constexpr int NotYet = 0;
 /** For the waits that the library still starts on a connection that has been given up. */
 constexpr double LastWaitSeconds = 0.05;
 
 std::atomic<unsigned> openingCount = 0;
 
-intptr_t nowMs()
+bool isOver(Clock::time_point deadline)
 {
-    using namespace std::chrono;
-    return static_cast<intptr_t>(
-        duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+    return Clock::now() >= deadline;
 }
 
-/** Called after each wait without an answer: whether to wait once more. `deadline` is a time. */
-int waitsOn(http_t *http, void *deadline)
+/** Called after each wait without an answer: whether to wait once more. */
+int waitsOn(http_t *http, void *)
 {
-    if (nowMs() < reinterpret_cast<intptr_t>(deadline))
+    if (!ServerConnection::isTimeOver(http))
         return 1;
-    httpSetTimeout(http, LastWaitSeconds, waitsOn, deadline);
+    httpSetTimeout(http, LastWaitSeconds, waitsOn, nullptr);
     return 0;
 }
 
-void setDeadline(http_t *http, intptr_t deadline)
+void limitWaits(http_t *http)
 {
-    httpSetTimeout(http, ServerConnection::limits().waitSeconds, waitsOn,
-                   reinterpret_cast<void *>(deadline));
+    httpSetTimeout(http, ServerConnection::limits().waitSeconds, waitsOn, nullptr);
 }
+
 /** The time that this thread's connections share. */
 struct SharedTime {
     int scopes = 0;
-    intptr_t deadline = 0;
+    Clock::time_point deadline;
 
     bool isInForce() const { return scopes > 0; }
 };
 thread_local SharedTime sharedTime;
 
-intptr_t freshDeadline()
+Clock::time_point freshDeadline()
 {
-    return nowMs() + ServerConnection::limits().totalMs;
+    return Clock::now() + std::chrono::milliseconds(ServerConnection::limits().totalMs);
+}
+
+/** The server's connection before it is made. */
+ServerConnection::Ptr create()
+{
+    return ServerConnection::Ptr(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
+                                              cupsEncryption(), Blocking, NotYet, nullptr));
 }
 } // namespace
 
@@ -57,18 +66,32 @@ Limits &limits()
     return inForce;
 }
 
-Cups::HttpPtr open()
+Ptr open()
 {
-    const intptr_t deadline = sharedTime.isInForce() ? sharedTime.deadline : freshDeadline();
-    if (nowMs() >= deadline)
+    const Clock::time_point deadline =
+        sharedTime.isInForce() ? sharedTime.deadline : freshDeadline();
+    if (isOver(deadline))
         return nullptr;
-    Cups::HttpPtr http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(),
-                                    Blocking, limits().connectMs, nullptr));
+    Ptr http = create();
     if (!http)
         return nullptr;
-    setDeadline(http.get(), deadline);
+    Watchdog::instance().watch(http.get(), deadline);
+    limitWaits(http.get());
+    if (httpReconnect2(http.get(), limits().connectMs, nullptr) != 0)
+        return nullptr;
     ++openingCount;
     return http;
+}
+
+void close(http_t *http)
+{
+    Watchdog::instance().forget(http);
+    httpClose(http);
+}
+
+bool isTimeOver(http_t *http)
+{
+    return isOver(Watchdog::instance().deadline(http));
 }
 
 unsigned openings()
@@ -76,11 +99,17 @@ unsigned openings()
     return openingCount;
 }
 
-void restartClock(http_t *http)
+UserTime::UserTime(http_t *http)
+    : m_http(http)
 {
-    const intptr_t deadline = freshDeadline();
-    sharedTime.deadline = deadline;
-    setDeadline(http, deadline);
+    Watchdog::instance().postpone(m_http, Clock::time_point::max());
+}
+
+UserTime::~UserTime()
+{
+    sharedTime.deadline = freshDeadline();
+    if (Watchdog::instance().postpone(m_http, sharedTime.deadline))
+        limitWaits(m_http);
 }
 
 Patience::Patience()

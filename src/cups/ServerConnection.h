@@ -5,8 +5,9 @@
 namespace ServerConnection
 {
 /**
- * How long the program waits for the server. A wait that goes beyond `waitSeconds` ends everything
- * on its connection once the connection is `totalMs` old.
+ * How long the program waits for the server. Once a connection is `totalMs` old, everything on it
+ * ends: a wait for a silent server after at most `waitSeconds`, an exchange with a server that goes
+ * on sending (a byte now and then, or one redirection after the other) at once.
  */
 struct Limits {
     int connectMs = 5000;
@@ -17,12 +18,25 @@ struct Limits {
 /** The limits in force; tests shorten them. */
 Limits &limits();
 
+/** Closes a connection that `open` has opened. */
+void close(http_t *http);
+
+struct Closer {
+    void operator()(http_t *http) const { close(http); }
+};
+/** Owns a connection that `open` has opened. */
+using Ptr = std::unique_ptr<http_t, Closer>;
+
 /**
  * A connection to the server that the library is configured for (cupsServer(), ippPort()) on which
- * no wait is endless: what is asked of a server that does not answer fails within 30 seconds, all
- * requests on the connection taken together. Null when the connection cannot be opened.
+ * nothing is endless: what is asked of a server that does not answer, or whose answer does not come
+ * to its end, fails within 30 seconds, all requests on the connection taken together. Null when the
+ * connection cannot be opened.
  */
-Cups::HttpPtr open();
+Ptr open();
+
+/** Whether the time of this connection is over: what came from it last may not be whole. */
+bool isTimeOver(http_t *http);
 
 /**
  * While it lives, all connections that this thread opens have one time limit together, as if they
@@ -42,8 +56,19 @@ public:
 unsigned openings();
 
 /**
- * Makes the connection new again for the limits, after time that the user took; and a Patience, if
- * there is one.
+ * Time that the user takes, to answer a question that the server has asked on `http`: while it
+ * lives, the connection has no time limit. Afterwards the connection is new again for the limits;
+ * and so is a Patience, if there is one.
  */
-void restartClock(http_t *http);
+class UserTime
+{
+public:
+    explicit UserTime(http_t *http);
+    ~UserTime();
+    UserTime(const UserTime &) = delete;
+    UserTime &operator=(const UserTime &) = delete;
+
+private:
+    http_t *m_http;
+};
 } // namespace ServerConnection

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <cstring>
+#include <poll.h>
 #include <stdexcept>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -76,6 +77,17 @@ bool sendAll(int connection, const QByteArray &bytes)
     return true;
 }
 
+/** Sends the text again and again until the other side has gone, or this one is to end. */
+void sendSlowly(int connection, const QByteArray &text)
+{
+    constexpr int PauseMs = 20;
+    for (qsizetype i = 0; sendAll(connection, text.mid(i % text.size(), 1)); ++i) {
+        pollfd end = {connection, POLLRDHUP, 0};
+        if (poll(&end, 1, PauseMs) != 0)
+            return;
+    }
+}
+
 void parseHead(const QByteArray &head, FakeIppServer::Request &request)
 {
     const QList<QByteArray> lines = head.split('\n');
@@ -124,6 +136,13 @@ FakeIppServer::Answer FakeIppServer::raw(const QByteArray &bytes)
     return answer;
 }
 
+FakeIppServer::Answer FakeIppServer::drip(const QByteArray &bytes, const QByteArray &drip)
+{
+    Answer answer = raw(bytes);
+    answer.drip = drip;
+    return answer;
+}
+
 FakeIppServer::FakeIppServer()
     : m_address(QFile::encodeName(m_folder.filePath(QStringLiteral("s"))))
     , m_handler([](const Request &) { return ok(IppBytes::response()); })
@@ -150,8 +169,8 @@ FakeIppServer::~FakeIppServer()
             shutdown(connection, SHUT_RDWR);
     }
     m_acceptor.join();
-    for (std::thread &worker : m_workers)
-        worker.join();
+    for (Worker &worker : m_workers)
+        worker.thread.join();
     close(m_listener);
 }
 
@@ -191,11 +210,22 @@ void FakeIppServer::acceptConnections()
             return;
         }
         m_connections.insert(connection);
-        m_workers.emplace_back([this, connection] { serve(connection); });
+        joinDone();
+        Worker &worker = m_workers.emplace_back();
+        worker.thread = std::thread([this, connection, &worker] { serve(connection, worker); });
     }
 }
 
-void FakeIppServer::serve(int connection)
+void FakeIppServer::joinDone()
+{
+    m_workers.remove_if([](Worker &worker) {
+        if (worker.isDone)
+            worker.thread.join();
+        return worker.isDone;
+    });
+}
+
+void FakeIppServer::serve(int connection, Worker &worker)
 {
     Request request;
     QByteArray buffered;
@@ -204,6 +234,7 @@ void FakeIppServer::serve(int connection)
     const std::scoped_lock lock(m_mutex);
     m_connections.erase(connection);
     close(connection);
+    worker.isDone = true;
 }
 
 bool FakeIppServer::readRequest(int connection, Request &request, QByteArray &buffered)
@@ -238,7 +269,8 @@ bool FakeIppServer::answer(int connection, const Request &request)
     if (answer.isSilent)
         return true;
     if (answer.isRaw) {
-        sendAll(connection, answer.raw);
+        if (sendAll(connection, answer.raw) && !answer.drip.isEmpty())
+            sendSlowly(connection, answer.drip);
         return false;
     }
     return sendAll(connection, "HTTP/1.1 " + QByteArray::number(answer.status) + " Answer\r\n" +

@@ -6,10 +6,10 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <list>
 #include <mutex>
 #include <set>
 #include <thread>
-#include <vector>
 
 /**
  * A print server that answers what a test wants, on a local socket of its own, and keeps what it
@@ -40,6 +40,8 @@ public:
         /** Instead of all of the above: these bytes, then the connection is closed. */
         QByteArray raw;
         bool isRaw = false;
+        /** After the raw bytes, for as long as the client stays: this text, byte by byte. */
+        QByteArray drip;
     };
     using Handler = std::function<Answer(const Request &)>;
 
@@ -47,6 +49,9 @@ public:
     static Answer failure(int httpStatus);
     static Answer silence();
     static Answer raw(const QByteArray &bytes);
+    /** Sends the bytes, and then one more of `drip` now and then, from its start again and again.
+     */
+    static Answer drip(const QByteArray &bytes, const QByteArray &drip);
 
     /** Answers every request with an empty successful response unless it is given a handler. */
     FakeIppServer();
@@ -66,8 +71,14 @@ public:
     QList<Request> takeRequests();
 
 private:
+    struct Worker {
+        std::thread thread;
+        bool isDone = false;
+    };
+
     void acceptConnections();
-    void serve(int connection);
+    void joinDone();
+    void serve(int connection, Worker &worker);
     bool readRequest(int connection, Request &request, QByteArray &buffered);
     bool answer(int connection, const Request &request);
 
@@ -79,6 +90,6 @@ private:
     QList<Request> m_requests;
     std::set<int> m_connections;
     bool m_isEnding = false;
-    std::vector<std::thread> m_workers;
+    std::list<Worker> m_workers;
     std::thread m_acceptor;
 };

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cstring>
 #include <span>
+#include <sys/mman.h>
 #include <unistd.h>
 #include <utility>
 
@@ -103,22 +104,35 @@ void addPpdOptions(cups_dest_t &destination, ppd_file_t *ppd)
     }
 }
 
-/** The path of a temporary copy of the queue's PPD, for the caller to unlink; null without one. */
-QByteArray fetchPpd(const QByteArray &name)
+/** Whether the whole of the resource is in `file`. */
+bool download(http_t *http, const QByteArray &resource, int file)
+{
+    // The library takes what it has got so far for the whole when the answer ends early.
+    return cupsGetFd(http, resource.constData(), file) == HTTP_STATUS_OK &&
+           httpGetState(http) == HTTP_STATE_WAITING && !ServerConnection::isTimeOver(http);
+}
+
+/**
+ * The PPD of the server's queue; null without one. The library's own way (cupsGetPPD) goes through
+ * a temporary file, which a signal at the wrong moment leaves behind, and for a server that calls
+ * its queues by another host's name through a connection without a time limit.
+ */
+Cups::PpdPtr fetchPpd(const QByteArray &name)
 {
     if (name.isEmpty())
         return {};
-    const Cups::HttpPtr http = ServerConnection::open();
-    return http ? QByteArray(cupsGetPPD2(http.get(), name.constData())) : QByteArray();
-}
-
-Cups::PpdPtr openAndUnlink(const QByteArray &fileName)
-{
-    if (fileName.isEmpty())
+    const ServerConnection::Ptr http = ServerConnection::open();
+    if (!http)
         return {};
-    Cups::PpdPtr ppd = Cups::sharePpd(ppdOpenFile(fileName.constData()));
-    unlink(fileName.constData());
-    return ppd;
+    const int file = memfd_create("ppd", MFD_CLOEXEC);
+    if (file < 0)
+        return {};
+    if (!download(http.get(), "/printers/" + name + ".ppd", file)) {
+        close(file);
+        return {};
+    }
+    lseek(file, 0, SEEK_SET);
+    return Cups::sharePpd(ppdOpenFd(file)); // which closes the file
 }
 } // namespace
 
@@ -132,7 +146,6 @@ PrinterOptions::PrinterOptions(const CommandLineOptions &commandLine)
 PrinterOptions::PrinterOptions(const PrinterOptions &other)
     : QMap(other)
     , m_destination(other.m_destination)
-    , m_ppdFileName(other.m_ppdFileName)
     , m_ppd(other.m_ppd)
     , m_textMaps(other.m_textMaps)
     , m_volatileOptions(other.m_volatileOptions)
@@ -148,7 +161,6 @@ PrinterOptions &PrinterOptions::operator=(const PrinterOptions &other)
     clearCupsOptions();
     for (auto option = other.cbegin(); option != other.cend(); ++option)
         setOption(option.key(), option.value());
-    m_ppdFileName = other.m_ppdFileName;
     m_ppd = other.m_ppd;
     m_textMaps = other.m_textMaps; // they translate for that PPD
     m_destination = other.m_destination;
@@ -207,10 +219,10 @@ bool PrinterOptions::openPPD()
     const QString name = m_destination.section(QLatin1Char('/'), 0, 0);
     ClassInfo info;
     const bool isClass = !name.isEmpty() && _CUPS->findClass(name, info);
-    m_ppdFileName = fetchPpd(name.toLocal8Bit());
-    if (m_ppdFileName.isEmpty() && isClass && !info.memberNames.isEmpty())
-        m_ppdFileName = fetchPpd(info.memberNames.constFirst().toLocal8Bit());
-    usePPD(openAndUnlink(m_ppdFileName));
+    Cups::PpdPtr ppd = fetchPpd(name.toLocal8Bit());
+    if (!ppd && isClass && !info.memberNames.isEmpty())
+        ppd = fetchPpd(info.memberNames.constFirst().toLocal8Bit());
+    usePPD(ppd);
     return isClass || m_ppd;
 }
 
@@ -228,7 +240,6 @@ void PrinterOptions::usePPD(const Cups::PpdPtr &ppd)
 void PrinterOptions::closePPD()
 {
     m_ppd.reset();
-    m_ppdFileName.clear();
 }
 
 bool PrinterOptions::setOption(const QString &name, const QString &value)

@@ -76,7 +76,6 @@ private:
 
     QString m_destination;
     Cups::OptionArray m_cupsOptions;
-    QByteArray m_ppdFileName;
     Cups::PpdPtr m_ppd;
     QMap<QString, TextMap> m_textMaps;
     QStringList m_volatileOptions;

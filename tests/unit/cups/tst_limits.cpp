@@ -2,12 +2,14 @@
 #include "Destinations.h"
 #include "FakeIppServer.h"
 #include "IppBytes.h"
+#include "PrinterOptions.h"
 #include "ServerConnection.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTest>
 
+#include <atomic>
 #include <functional>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -39,6 +41,13 @@ private slots:
     void silentServer();
     void serverThatFallsSilent_data();
     void serverThatFallsSilent();
+    void serverThatNeverEnds_data();
+    void serverThatNeverEnds();
+    void ppdOfAServerThatNeverEnds_data();
+    void ppdOfAServerThatNeverEnds();
+    void ppdThatIsCutOff();
+    void optionsOfAServerThatNeverEnds_data();
+    void optionsOfAServerThatNeverEnds();
     void serverThatTakesNoDocument();
     void serverThatAcceptsNobody();
     void slowAnswerIsAwaited();
@@ -84,11 +93,14 @@ void TestLimits::defaults()
     QVERIFY(limits.totalMs + 1000.0 * limits.waitSeconds + limits.connectMs < 30'000);
 }
 
-void TestLimits::calls()
+namespace
 {
-    QTest::addColumn<Call>("call");
-    const auto row = [](const char *title, const Call &call) {
-        QTest::addRow("%s", title) << call;
+/** What is asked of the server, each with the result that it has without an answer. */
+std::vector<std::pair<const char *, Call>> everyCall()
+{
+    std::vector<std::pair<const char *, Call>> calls;
+    const auto row = [&calls](const char *title, const Call &call) {
+        calls.emplace_back(title, call);
     };
     row("listWithoutDiscovery", [] { QVERIFY(Destinations::listWithoutDiscovery().isEmpty()); });
     row("named", [] { QCOMPARE(Destinations::named("Laser", nullptr).count(), 0); });
@@ -110,6 +122,15 @@ void TestLimits::calls()
     row("cancelJob", [] { QVERIFY(!_CUPS->cancelJob("Laser", 1)); });
     row("setPrinterPPD",
         [] { QVERIFY(!_CUPS->setPrinterPPD("u", QCoreApplication::applicationFilePath())); });
+    return calls;
+}
+} // namespace
+
+void TestLimits::calls()
+{
+    QTest::addColumn<Call>("call");
+    for (const auto &[title, call] : everyCall())
+        QTest::addRow("%s", title) << call;
 }
 
 void TestLimits::silentServer_data()
@@ -143,6 +164,163 @@ void TestLimits::serverThatFallsSilent()
     timer.start();
     call();
     QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
+}
+
+namespace
+{
+using Answer = FakeIppServer::Answer;
+
+/** Much shorter than one wait for a silent server: nothing but the end of the time helps. */
+constexpr int EndlessMs = 300;
+constexpr qint64 MuchLongerMs = 10'000;
+
+Answer redirection(int status, const QByteArray &headers)
+{
+    Answer answer = FakeIppServer::failure(status);
+    answer.headers = "Location: /\r\n" + headers;
+    return answer;
+}
+
+QByteArray head(const QByteArray &headers)
+{
+    return "HTTP/1.1 200 OK\r\n" + headers;
+}
+
+/** The answers of servers that neither fall silent nor come to an end. */
+void endlessAnswers()
+{
+    QTest::addColumn<Answer>("answer");
+    const auto row = [](const char *title, const Answer &answer) {
+        QTest::addRow("%s", title) << answer;
+    };
+    const QByteArray begun =
+        IppBytes::response().text("x", QByteArray(1000, 'x')).bytes().left(100);
+    const QByteArray chunked = "Transfer-Encoding: chunked\r\n\r\n";
+    row("301", redirection(301, {}));
+    row("302", redirection(302, {}));
+    row("302 and close", redirection(302, "Connection: close\r\n"));
+    row("304", redirection(304, {}));
+    row("308", redirection(308, {}));
+    row("continue", FakeIppServer::drip({}, "HTTP/1.1 100 Continue\r\n\r\n"));
+    row("status line", FakeIppServer::drip("HTTP/1.1 200 ", "OK"));
+    row("header", FakeIppServer::drip(head("X-Text: "), "text"));
+    row("headers", FakeIppServer::drip(head({}), "X: y\r\n"));
+    row("body", FakeIppServer::drip(head("Content-Length: 100000\r\n\r\n") + begun, "text"));
+    row("chunk", FakeIppServer::drip(head(chunked) + "1000\r\n\2", "\1"));
+    row("size of a chunk", FakeIppServer::drip(head(chunked), "0"));
+}
+
+/** Does something with a server whose answers do not end, in time, and leaves it fit for more. */
+void endsInTime(FakeIppServer &server, const Call &call)
+{
+    QElapsedTimer timer;
+    timer.start();
+    call();
+    QVERIFY2(timer.elapsed() < MuchLongerMs, qPrintable(QString::number(timer.elapsed())));
+    server.setHandler([](const auto &) { return FakeIppServer::ok(IppBytes::response()); });
+    QVERIFY(IPPRequest(0x4002).send("/"));
+}
+
+class ShortLimits
+{
+public:
+    ShortLimits()
+        : m_before(ServerConnection::limits())
+    {
+        ServerConnection::limits().totalMs = EndlessMs;
+    }
+    ShortLimits(const ShortLimits &) = delete;
+    ShortLimits &operator=(const ShortLimits &) = delete;
+    ~ShortLimits() { ServerConnection::limits() = m_before; }
+
+private:
+    ServerConnection::Limits m_before;
+};
+} // namespace
+Q_DECLARE_METATYPE(Answer)
+
+void TestLimits::serverThatNeverEnds_data()
+{
+    endlessAnswers();
+}
+
+void TestLimits::serverThatNeverEnds()
+{
+    QFETCH(Answer, answer);
+    const ShortLimits limits;
+    for (const auto &[title, call] : everyCall()) {
+        m_server->setHandler([answer](const auto &) { return answer; });
+        endsInTime(*m_server, call);
+        QVERIFY2(!QTest::currentTestFailed(), title);
+    }
+}
+
+void TestLimits::ppdOfAServerThatNeverEnds_data()
+{
+    endlessAnswers();
+}
+
+void TestLimits::ppdOfAServerThatNeverEnds()
+{
+    QFETCH(Answer, answer);
+    const ShortLimits limits;
+    m_server->setHandler([answer](const FakeIppServer::Request &request) {
+        return request.method == "GET" ? answer : FakeIppServer::ok(IppBytes::response());
+    });
+    endsInTime(*m_server, [] {
+        PrinterOptions options;
+        options.setDestination(QStringLiteral("Laser"));
+        QVERIFY(!options.openPPD());
+        QVERIFY(!options.ppd());
+    });
+}
+
+namespace
+{
+constexpr char Ppd[] = "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n"
+                       "*LanguageVersion: English\n*LanguageEncoding: ISOLatin1\n"
+                       "*PCFileName: \"LASER.PPD\"\n*Manufacturer: \"Sample\"\n"
+                       "*Product: \"(Laser)\"\n*ModelName: \"Laser\"\n"
+                       "*ShortNickName: \"Laser\"\n*NickName: \"Laser\"\n"
+                       "*PSVersion: \"(3010.000) 0\"\n";
+} // namespace
+
+void TestLimits::ppdThatIsCutOff()
+{
+    PrinterOptions options;
+    options.setDestination(QStringLiteral("Laser"));
+    const auto answerWith = [this](const Answer &ppd) {
+        m_server->setHandler([ppd](const FakeIppServer::Request &request) {
+            return request.method == "GET" ? ppd : FakeIppServer::ok(IppBytes::response());
+        });
+    };
+    answerWith(FakeIppServer::raw(head("Content-Length: 100000\r\n\r\n") + Ppd));
+    QVERIFY(!options.openPPD());
+    QVERIFY(!options.ppd());
+    answerWith(FakeIppServer::ok(Ppd));
+    QVERIFY(options.openPPD());
+    QVERIFY(options.ppd());
+}
+
+void TestLimits::optionsOfAServerThatNeverEnds_data()
+{
+    endlessAnswers();
+}
+
+void TestLimits::optionsOfAServerThatNeverEnds()
+{
+    QFETCH(Answer, answer);
+    const ShortLimits limits;
+    // The server knows the queue, or does not, and does not come to an end with what follows.
+    for (const int status : {IPP_STATUS_OK, IPP_STATUS_ERROR_NOT_FOUND}) {
+        std::atomic<int> asked = 0;
+        m_server->setHandler([&asked, status, answer](const auto &) {
+            return asked++ == 0 ? FakeIppServer::ok(IppBytes::response(status)) : answer;
+        });
+        endsInTime(*m_server, [] { QCOMPARE(Destinations::named("Laser", nullptr).count(), 0); });
+        QVERIFY2(!QTest::currentTestFailed(), qPrintable(QString::number(status)));
+        QVERIFY(asked > 1);
+    }
 }
 
 namespace
@@ -197,7 +375,7 @@ void TestLimits::serverThatAcceptsNobody()
     QVERIFY(socket.isListening());
     cupsSetServer(QFile::encodeName(path).constData());
     // The first ones fill the queue of those that wait.
-    std::vector<Cups::HttpPtr> waiting;
+    std::vector<ServerConnection::Ptr> waiting;
     QElapsedTimer timer;
     do {
         timer.start();
