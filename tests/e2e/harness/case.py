@@ -166,10 +166,7 @@ class PrintDialog:
 
     def answers(self):
         """Whether the program looks after its window at the moment."""
-        try:
-            return self._window.has(widgets.SHOWING)
-        except widgets.Gone:
-            return False
+        return self._window.is_there()
 
     def is_open(self):
         return widgets.has_window(self._case.desktop, self._run, TITLE)

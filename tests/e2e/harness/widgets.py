@@ -68,6 +68,12 @@ class Widget:
         low, high = self._call(_ACCESSIBLE, "GetState")[0]
         return bool((low | high << 32) >> state & 1)
 
+    def is_there(self):
+        try:
+            return self.has(SHOWING)
+        except Gone:
+            return False
+
     def children(self):
         return [Widget(self._desktop, owner, path)
                 for owner, path in self._call(_ACCESSIBLE, "GetChildren")[0]]
