@@ -1,7 +1,10 @@
 """Real jobs: the system's own client, the server's own filters, pages in files."""
 
+import os
+
 from harness import expected, place, server, widgets
 from harness.printing import PrintCase, pages_document
+from harness.waiting import until
 
 
 class Print(PrintCase):
@@ -105,6 +108,63 @@ class Print(PrintCase):
                                "vesk-note=" + expected.escaped(value))
                 number, job = self.print(file)
                 self.assertEqual(job["vesk-note"], value)
+
+
+class Keyboard(PrintCase):
+    """No mouse is touched."""
+
+    def press(self, *keys):
+        widgets.press(self.desktop, *keys)
+
+    def type(self, text):
+        widgets.user(self.desktop, "type", "--delay", "1", "--", text)
+
+    def make_choices(self, dialog):
+        """Another printer, three of five pages, two copies."""
+        dialog.list.wait_for(widgets.FOCUSED)
+        self.press("alt+Down")
+        self.type("Photo")
+        self.press("Return")
+        until(lambda: dialog.destination == "Photo", "the destination")
+        dialog.list.wait_for(widgets.FOCUSED)
+        dialog.tab_to(dialog.radio("All pages"))
+        self.press("Down", "Down", "Down")
+        dialog.radio("Some pages:").wait_for(widgets.CHECKED)
+        dialog.tab_to(dialog.pages)
+        self.type("2-3,5")
+        until(lambda: dialog.pages.text == "2-3,5", "the typed pages")
+        dialog.tab_to(dialog.copies)
+        self.press("Up")
+        until(lambda: dialog.copies.value == 2, "two copies")
+
+    def test_printed(self):
+        file = self.file("document.ps", pages_document(5))
+        run = self.start(file)
+        dialog = self.dialog(run)
+        self.make_choices(dialog)
+        dialog.tab_to(dialog.check_box("Collate copies"))
+        self.press("space")
+        dialog.check_box("Collate copies").wait_for(widgets.CHECKED, False)
+        self.press("alt+o")
+        self.assertEqual(run.finish().status, 0)
+        number, job = self.printed_job()
+        self.assertEqual(self.client_arguments()[:4], ["-#", "2", "-P", "Photo"])
+        self.assertEqual(job["job-printer-uri"].rpartition("/")[2], "Photo")
+        self.assertEqual(job["copies"], 2)
+        self.assertEqual(job["multiple-document-handling"], "separate-documents-uncollated-copies")
+        self.assertIn(b"%%Requirements: numcopies(2)\n", self.printed(number))
+        self.assertEqual(self.page_texts(number), ["Page2", "Page3", "Page5"])
+
+    def test_cancelled(self):
+        for keys in (["Escape"], ["alt+c"]):
+            with self.subTest(keys):
+                run = self.start(self.file("document.ps", pages_document(5)))
+                dialog = self.dialog(run)
+                self.make_choices(dialog)
+                self.press(*keys)
+                self.assertEqual(run.finish().status, 2)
+                self.assertEqual(os.path.getsize(place.RECORDED), 0)
+                self.assertEqual(set(self.job_ids()), self._before)
 
 
 if place.MAY_ADMINISTRATE:

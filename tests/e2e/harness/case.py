@@ -109,16 +109,17 @@ class PrintDialog:
         return self._window.find("spin box")
 
     @property
-    def _combo(self):
+    def list(self):
+        """The closed list of destinations."""
         return self._window.find("combo box")
 
     @property
     def destination(self):
-        return self._combo.name
+        return self.list.name
 
     @property
     def destinations(self):
-        return [item.name for item in self._combo.descendants() if item.role == "list item"]
+        return [item.name for item in self.list.descendants() if item.role == "list item"]
 
     @property
     def status(self):
@@ -137,7 +138,7 @@ class PrintDialog:
 
     def open_list(self):
         """Opens the list of destinations and returns it."""
-        combo = self._combo
+        combo = self.list
         combo.click()
         return combo
 
@@ -145,6 +146,23 @@ class PrintDialog:
         """Chooses a destination with the mouse."""
         self.open_list().find("list item", name).click()
         until(lambda: self.destination == name, "the destination " + name)
+
+    def focused(self):
+        """The widget that has the keyboard, if any."""
+        for widget in self._window.descendants():
+            # The current entry of the closed list says that it has it, too.
+            if widget.role != "list item" and widget.has(widgets.FOCUSED):
+                return widget
+        return None
+
+    def tab_to(self, widget):
+        """Gives the widget the keyboard by the keyboard."""
+        first = before = until(self.focused, "the keyboard's place")
+        while not widget.has(widgets.FOCUSED):
+            widgets.press(self._case.desktop, "Tab")
+            until(lambda: self.focused() not in (None, before), "the next widget")
+            before = self.focused()
+            assert before != first, "the Tab key does not lead there"
 
     def accept(self):
         self.button("OK").click()

@@ -30,6 +30,9 @@ class Widget:
         self._owner = owner
         self._path = path
 
+    def __eq__(self, other):
+        return isinstance(other, Widget) and (self._owner, self._path) == (other._owner, other._path)
+
     def _call(self, interface, method, arguments=None):
         try:
             return self._desktop.bus.call_sync(
