@@ -108,9 +108,15 @@ private:
     ppd_group_t m_group = {};
 };
 
+/** The option's choice of exactly that keyword, which must be there. */
 inline ppd_choice_t *choice(ppd_file_t *ppd, const char *keyword, const char *name)
 {
-    return ppdFindChoice(ppdFindOption(ppd, keyword), name);
+    const ppd_option_t *option = ppdFindOption(ppd, keyword);
+    for (int i = 0; option && i < option->num_choices; ++i) {
+        if (qstrcmp(option->choices[i].choice, name) == 0)
+            return &option->choices[i];
+    }
+    qFatal("no choice %s of %s", name, keyword);
 }
 
 /** The keyword of the option's marked choice; empty if it has none. */
