@@ -2,6 +2,7 @@
 
 import glob
 import os
+import pwd
 import re
 import signal
 import subprocess
@@ -118,11 +119,80 @@ class Demo(unittest.TestCase):
         self.interrupt("Running", signal.SIGKILL, False)
 
 
+#: In a private mount namespace somebody may use sudo and has a copy of the project in its place.
+#: Arguments: the project, the copy, the command.
+_AS_SOMEBODY = """set -eu
+project=$1 copy=$2
+shift 2
+printf 'root ALL=(ALL) ALL\\nnobody ALL=(ALL) NOPASSWD: ALL\\n' >"$copy/../sudoers"
+chmod 440 "$copy/../sudoers"
+mount --bind "$copy/../sudoers" /etc/sudoers
+closed=
+folder=$(dirname "$project")
+while [ "$folder" != / ]; do
+    [ -n "$(find "$folder" -maxdepth 0 -perm -o=x)" ] || closed=$folder
+    folder=$(dirname "$folder")
+done
+if [ -n "$closed" ]; then
+    mount -t tmpfs -o mode=755 none "$closed"
+    mkdir -p "$project"
+fi
+mount --bind "$copy" "$project"
+cd /
+export HOME=$project
+exec setpriv --reuid=nobody --regid=nogroup --clear-groups -- "$@"
+"""
+#: What the demo makes itself, and what tests may write to meanwhile.
+_NOT_COPIED = ("out", ".git", ".cache", "build-dev/demo*", "build-dev/tests", "build-dev/Testing",
+               "build-dev/e2e-tree")
+
+
+def may_mount():
+    return subprocess.run([_WORLD, "--probe"]).returncode == 0
+
+
+if os.getuid() == 0 and may_mount():
+    class OrdinaryUser(unittest.TestCase):
+        """What somebody with sudo sees, when root is the tester."""
+
+        def copy_project(self, copy):
+            os.mkdir(copy)
+            os.chown(copy, pwd.getpwnam("nobody").pw_uid, -1)
+            names = [name for name in os.listdir(_PROJECT)
+                     if name == "build-dev" or not name.startswith("build-")]
+            with subprocess.Popen(
+                    ["tar", "-C", _PROJECT, "--format=posix", "--owner=nobody", "--group=nogroup",
+                     "--anchored", *["--exclude=" + name for name in _NOT_COPIED], "-c", *names],
+                    stdout=subprocess.PIPE) as pack:
+                subprocess.run(["tar", "-C", copy, "-xp"], stdin=pack.stdout, check=True)
+            self.assertEqual(pack.returncode, 0)
+
+        def test_scripted_user_prints_the_sample(self):
+            with tempfile.TemporaryDirectory() as folder:
+                os.chmod(folder, 0o755)
+                copy = os.path.join(folder, "project")
+                self.copy_project(copy)
+                run = subprocess.run(
+                    ["unshare", "-m", "/bin/sh", "-c", _AS_SOMEBODY, "sh", _PROJECT, copy, _DEMO,
+                     *_options], capture_output=True, text=True, timeout=_PATIENCE)
+                self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
+                self.assertEqual("sudo may ask for your password" in run.stdout,
+                                 "--relocated" not in _options)
+                self.assertRegex(run.stdout, r"job-originating-user-name +nobody\n")
+                results, = glob.glob(copy + "/out/demo-*")
+                self.assertEqual(re.findall("Page [a-z]*", pages(results + "/pages/job-1.ps")),
+                                 ["Page one", "Page two"] * 2)
+                self.assertEqual({os.stat(path).st_uid for path in glob.glob(results + "/*")},
+                                 {os.stat(copy).st_uid})
+elif os.getuid() == 0:
+    print("the kernel refuses the private namespaces, so only root's demo is tested")
+
+
 def main():
     mode, *names = sys.argv[1:]
     if mode == "relocated":
         _options.append("--relocated")
-    elif subprocess.run([_WORLD, "--probe"]).returncode != 0:
+    elif not may_mount():
         print("the kernel refuses the private namespaces here")
         sys.exit(_SKIPPED)
     unittest.main(argv=[sys.argv[0], *names], verbosity=2)
