@@ -46,6 +46,7 @@ private slots:
     void ppdOfAServerThatNeverEnds_data();
     void ppdOfAServerThatNeverEnds();
     void ppdThatIsCutOff();
+    void ppdHasNoFile();
     void optionsOfAServerThatNeverEnds_data();
     void optionsOfAServerThatNeverEnds();
     void serverThatTakesNoDocument();
@@ -300,6 +301,31 @@ void TestLimits::ppdThatIsCutOff()
     answerWith(FakeIppServer::ok(Ppd));
     QVERIFY(options.openPPD());
     QVERIFY(options.ppd());
+}
+
+void TestLimits::ppdHasNoFile()
+{
+    // Whatever ends the program while it waits for the PPD leaves nothing behind.
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(folder.path()));
+    QStringList found;
+    int fetched = 0;
+    m_server->setHandler([&](const FakeIppServer::Request &request) {
+        if (request.method != "GET")
+            return FakeIppServer::ok(IppBytes::response());
+        ++fetched;
+        found += QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+        return FakeIppServer::ok(Ppd);
+    });
+    PrinterOptions options;
+    options.setDestination(QStringLiteral("Laser"));
+    const bool isOpen = options.openPPD();
+    found += QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
+    QVERIFY(isOpen);
+    QCOMPARE(fetched, 1);
+    QCOMPARE(found, QStringList());
 }
 
 void TestLimits::optionsOfAServerThatNeverEnds_data()
