@@ -38,6 +38,15 @@ bool isCustomMarked(const ppd_option_t &option)
                        });
 }
 
+/** A newer library may know more types than the enumeration that this is built with. */
+int typeNumber(const ppd_cparam_t &param)
+{
+    static_assert(sizeof param.type == sizeof(int));
+    int number = 0;
+    std::memcpy(&number, &param.type, sizeof number);
+    return number;
+}
+
 QSizeF currentPoints(ppd_coption_t *coption)
 {
     return {static_cast<double>(ppdFindCustomParam(coption, "Width")->current.custom_points),
@@ -173,7 +182,7 @@ void PPDCustomView::addParamEditors(ppd_coption_t *coption)
 
 void PPDCustomView::addParamEditor(ppd_cparam_t *param)
 {
-    switch (param->type) {
+    switch (typeNumber(*param)) {
     case PPD_CUSTOM_CURVE:
         return addEditor<PPD_CUSTOM_CURVE>(param);
     case PPD_CUSTOM_INT:
@@ -190,10 +199,8 @@ void PPDCustomView::addParamEditor(ppd_cparam_t *param)
         return addEditor<PPD_CUSTOM_REAL>(param);
     case PPD_CUSTOM_STRING:
         return addEditor<PPD_CUSTOM_STRING>(param);
-    case PPD_CUSTOM_UNKNOWN:
-        break;
     }
-    std::fprintf(stderr, "Unsupported type %d\n", static_cast<int>(param->type));
+    std::fprintf(stderr, "Unsupported type %d\n", typeNumber(*param));
 }
 
 template <ppd_cptype_e T> void PPDCustomView::addEditor(ppd_cparam_t *param)

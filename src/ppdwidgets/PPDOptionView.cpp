@@ -1,0 +1,218 @@
+#include "PPDOptionView.h"
+
+#include "EditorText.h"
+#include "PPDBooleanView.h"
+#include "PPDCustomView.h"
+#include "PPDNumericView.h"
+#include "PPDTreeItems.h"
+
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <cstring>
+
+namespace
+{
+constexpr int margin = 11;
+/** The slider's steps for one in a number with decimals. */
+constexpr int realScale = 1000;
+/** The root and the groups are above the options. */
+constexpr int optionDepth = 2;
+constexpr char pageSize[] = "PageSize";
+constexpr char customChoice[] = "Custom";
+
+PPDTree::BaseItem *leaf(QTreeWidgetItem *item)
+{
+    return item && item->childCount() == 0 ? dynamic_cast<PPDTree::BaseItem *>(item) : nullptr;
+}
+
+bool isOptionLeaf(const PPDTree::BaseItem *item)
+{
+    return item && item->childCount() == 0 && item->depth() >= optionDepth;
+}
+
+/** The row as an option with choices, or null. */
+PPDTree::OptionItem *choosable(PPDTree::BaseItem *item)
+{
+    if (!isOptionLeaf(item) || item->m_numeric)
+        return nullptr;
+    auto *row = dynamic_cast<PPDTree::OptionItem *>(item);
+    return row && row->m_option->num_choices > 0 ? row : nullptr;
+}
+
+/** The row as a number, or null. */
+PPDTree::NumericalItem *numerical(PPDTree::BaseItem *item)
+{
+    return isOptionLeaf(item) && item->m_numeric ? dynamic_cast<PPDTree::NumericalItem *>(item)
+                                                 : nullptr;
+}
+
+bool isPageSizeCustom(const PPDTree::OptionItem &row)
+{
+    return row.m_choice && std::strcmp(row.m_option->keyword, pageSize) == 0 &&
+           std::strcmp(row.m_choice->choice, customChoice) == 0;
+}
+} // namespace
+
+PPDOptionView::PPDOptionView(QWidget *parent)
+    : QGroupBox(parent)
+    , m_stack(new QStackedWidget(this))
+    , m_emptyPage(new QWidget)
+    , m_booleanView(new PPDBooleanView)
+    , m_choiceList(new QListWidget)
+    , m_numericView(new PPDNumericView)
+    , m_customView(new PPDCustomView)
+{
+    addPages();
+    connect(m_customView, &PPDCustomView::choiceChanged, this, &PPDOptionView::customChanged);
+    connect(m_booleanView, &PPDBooleanView::valueChanged, this, &PPDOptionView::selectionChanged);
+    connect(m_choiceList, &QListWidget::currentRowChanged, this, &PPDOptionView::selectionChanged);
+    connect(m_numericView, &PPDNumericView::valueChanged, this, &PPDOptionView::valueChanged);
+    setOption(nullptr);
+}
+
+QString PPDOptionView::title() const
+{
+    return EditorText::literalOf(QGroupBox::title());
+}
+
+void PPDOptionView::setOption(QTreeWidgetItem *item)
+{
+    const QSignalBlocker blocker(this);
+    m_item = leaf(item);
+    const Shown shown = showRow();
+    setTitle(EditorText::withoutMnemonic(shown.title));
+    m_choiceList->setAccessibleName(shown.title);
+    m_stack->setCurrentIndex(shown.page);
+    centreChoices();
+}
+
+void PPDOptionView::customChanged()
+{
+    auto *row = dynamic_cast<PPDTree::CustomOptionItem *>(m_item);
+    if (!row || row->m_option->num_choices == 0)
+        return;
+    row->setChoiceIndex(m_customView->currentRow());
+    if (m_customView->isCustomSelected())
+        row->setCustomValue(m_customView->customValue());
+    emit optionChanged();
+    if (isPageSizeCustom(*row))
+        m_customPageSize = m_customView->customValue();
+}
+
+void PPDOptionView::selectionChanged(int index)
+{
+    PPDTree::OptionItem *row = choosable(m_item);
+    if (row && index != -1)
+        row->setChoiceIndex(index);
+    emit optionChanged();
+}
+
+void PPDOptionView::valueChanged(double value)
+{
+    if (PPDTree::NumericalItem *row = numerical(m_item))
+        row->setValue(value);
+}
+
+void PPDOptionView::showEvent(QShowEvent *event)
+{
+    QGroupBox::showEvent(event);
+    centreChoices();
+}
+
+void PPDOptionView::addPages()
+{
+    m_stack->insertWidget(EmptyPage, m_emptyPage);
+    m_stack->insertWidget(ChoicePage, m_choiceList);
+    m_stack->insertWidget(BooleanPage, m_booleanView);
+    m_stack->insertWidget(NumericPage, m_numericView);
+    m_stack->insertWidget(CustomPage, m_customView);
+    m_stack->setCurrentIndex(EmptyPage);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(0);
+    layout->addWidget(m_stack);
+}
+
+/** Fills the page of the current row. */
+PPDOptionView::Shown PPDOptionView::showRow()
+{
+    if (const PPDTree::NumericalItem *row = numerical(m_item))
+        return showNumber(*row);
+    if (auto *row = dynamic_cast<PPDTree::OptionItem *>(m_item)) {
+        m_stack->setEnabled(row->m_editable || m_installEnabled);
+        return {showOption(*row), QString::fromUtf8(row->m_option->text)};
+    }
+    m_item = nullptr;
+    return {EmptyPage, tr("No option selected")};
+}
+
+PPDOptionView::Shown PPDOptionView::showNumber(const PPDTree::NumericalItem &row)
+{
+    const QSignalBlocker blocker(m_numericView);
+    m_stack->setEnabled(true);
+    if (row.m_isReal)
+        m_numericView->setScale(realScale);
+    m_numericView->setRange(row.m_min, row.m_max);
+    m_numericView->setValue(row.m_value);
+    return {NumericPage, QString::fromUtf8(row.m_option->text)};
+}
+
+PPDOptionView::Page PPDOptionView::showOption(const PPDTree::OptionItem &row)
+{
+    switch (row.m_option->ui) {
+    case PPD_UI_BOOLEAN:
+        return showBoolean(row);
+    case PPD_UI_PICKONE:
+        return showPickOne(row);
+    case PPD_UI_PICKMANY:
+        break;
+    }
+    return EmptyPage;
+}
+
+PPDOptionView::Page PPDOptionView::showBoolean(const PPDTree::OptionItem &row)
+{
+    const ppd_option_t &option = *row.m_option;
+    if (option.num_choices == 2) {
+        for (int id = 0; id < option.num_choices; ++id)
+            m_booleanView->setChoiceText(id, QString::fromUtf8(option.choices[id].text));
+        m_booleanView->setChecked(row.m_choice != &option.choices[0] ? 1 : 0);
+    }
+    return BooleanPage;
+}
+
+PPDOptionView::Page PPDOptionView::showPickOne(const PPDTree::OptionItem &row)
+{
+    ppd_coption_t *custom =
+        row.m_ppd ? ppdFindCustomOption(row.m_ppd, row.m_option->keyword) : nullptr;
+    if (!custom)
+        return showChoices(row);
+    const QSignalBlocker blocker(m_customView);
+    m_customView->setup(row.m_option, custom);
+    return CustomPage;
+}
+
+PPDOptionView::Page PPDOptionView::showChoices(const PPDTree::OptionItem &row)
+{
+    const QSignalBlocker blocker(m_choiceList);
+    const ppd_option_t &option = *row.m_option;
+    m_choiceList->clear();
+    for (int i = 0; i < option.num_choices; ++i)
+        m_choiceList->addItem(QString::fromUtf8(option.choices[i].text));
+    // With no choice shown, the view is told so: it would else make one current on getting focus.
+    m_choiceList->setCurrentIndex({});
+    if (row.m_choice)
+        m_choiceList->setCurrentRow(static_cast<int>(row.m_choice - option.choices));
+    return ChoicePage;
+}
+
+void PPDOptionView::centreChoices()
+{
+    if (QListWidgetItem *current = m_choiceList->currentItem())
+        m_choiceList->scrollToItem(current, QAbstractItemView::PositionAtCenter);
+    m_customView->scrollToCurrent();
+}
