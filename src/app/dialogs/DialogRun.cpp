@@ -27,6 +27,16 @@ QStringList askForFiles()
         nullptr, QCoreApplication::translate("main", "Select file(s) to print"), QDir::homePath());
 }
 
+void findPlugins(const QString &programPath)
+{
+    const char *environment = std::getenv(PluginDirVariable);
+    if (environment || isRunningProgram(programPath))
+        Plugins::setPluginPaths(pluginDirectories(environment, programPath));
+    else
+        qWarning("Not searching for plug-ins beside %s: another program runs",
+                 qUtf8Printable(programPath));
+}
+
 PrintDialogServices services()
 {
     PrintDialogServices result;
@@ -79,8 +89,7 @@ extern "C" Q_DECL_EXPORT DialogRun::Outcome vesk_run_dialogs(DialogRun &run)
     int argc = static_cast<int>(run.toolkitArguments.size());
     run.toolkitArguments.push_back(nullptr);
     QApplication application(argc, run.toolkitArguments.data());
-    Plugins::setPluginPaths(pluginDirectories(std::getenv(PluginDirVariable),
-                                              QFile::decodeName(run.programPath.c_str())));
+    findPlugins(QFile::decodeName(run.programPath.c_str()));
     Translations::install({QStringLiteral("vesk"), QStringLiteral("CupsInt"),
                            QStringLiteral("ppdwidgets"), QStringLiteral("printdialog")},
                           {});

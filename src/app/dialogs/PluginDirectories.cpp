@@ -4,10 +4,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
+
 namespace
 {
 constexpr QLatin1Char DirectorySeparator(';');
 constexpr QLatin1String PluginDirectory("plugins");
+constexpr char RunningProgram[] = "/proc/self/exe";
 
 /** The folder two levels above the one that holds the program; false where there is none. */
 bool goToBase(QDir &directory)
@@ -33,4 +36,11 @@ QStringList pluginDirectories(const char *environment, const QString &programPat
             result.append(plugins);
     }
     return result;
+}
+
+bool isRunningProgram(const QString &programPath)
+{
+    std::error_code error;
+    return std::filesystem::equivalent(QFile::encodeName(programPath).constData(), RunningProgram,
+                                       error);
 }

@@ -9,3 +9,9 @@
  * program, /opt/V/mfp/plugins for a program at /opt/V/mfp/bin/vesk.
  */
 QStringList pluginDirectories(const char *environment, const QString &programPath);
+
+/**
+ * Whether `programPath` is the program that this process runs. A name that is looked up in the
+ * working directory may be somebody else's: what lies beside that must not be loaded.
+ */
+bool isRunningProgram(const QString &programPath);

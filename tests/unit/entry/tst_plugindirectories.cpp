@@ -12,6 +12,7 @@ private slots:
     void splitsTheVariable();
     void findsFoldersBesideTheProgram();
     void findsNothingTooHighUp();
+    void knowsTheRunningProgram();
 
 private:
     QString path(const char *name) const { return m_directory.filePath(QString::fromLatin1(name)); }
@@ -43,6 +44,18 @@ void TestPluginDirectories::findsNothingTooHighUp()
 {
     QCOMPARE(pluginDirectories(nullptr, path("absent/bin/vesk")), QStringList());
     QCOMPARE(pluginDirectories(nullptr, QStringLiteral("/usr/vesk")), QStringList());
+}
+
+void TestPluginDirectories::knowsTheRunningProgram()
+{
+    const QString program = QCoreApplication::applicationFilePath();
+    QVERIFY(isRunningProgram(program));
+    QVERIFY(QFile::link(program, path("link")));
+    QVERIFY(isRunningProgram(path("link")));
+    QVERIFY(QFile::copy(program, path("copy")));
+    QVERIFY(!isRunningProgram(path("copy")));
+    QVERIFY(!isRunningProgram(path("absent")));
+    QVERIFY(!isRunningProgram(QString()));
 }
 
 QTEST_GUILESS_MAIN(TestPluginDirectories)

@@ -1,0 +1,6 @@
+#include <vesk/plugin.h>
+
+Vesk::Plugin *load_plugin()
+{
+    return nullptr;
+}
