@@ -216,7 +216,7 @@ void TestMultiUnitSpinBox::takesWhatItShows()
 {
     QFETCH(Conversion, conversion);
     QFETCH(QLocale, locale);
-    Box box(conversion, 13, 1000);
+    Box box(conversion, 13, 200);
     box.setLocale(locale);
     for (int value = box.minimum(); value <= box.maximum(); ++value) {
         box.setValue(value);
