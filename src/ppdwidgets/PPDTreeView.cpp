@@ -124,11 +124,10 @@ void PPDTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bot
 void PPDTreeView::initViewItemOption(QStyleOptionViewItem *option) const
 {
     QTreeWidget::initViewItemOption(option);
-    QPalette palette = option->palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        palette.setCurrentColorGroup(group);
+        option->palette.setCurrentColorGroup(group);
         option->palette.setColor(group, QPalette::Highlight,
-                                 PPDTreeColors::selectionColor(palette));
+                                 PPDTreeColors::selectionColor(option->palette));
     }
 }
 
