@@ -6,6 +6,7 @@ from typing import Callable, NamedTuple
 
 import capture
 import handover
+import option_tree
 import paint
 import select_destination
 
@@ -21,6 +22,7 @@ ALL = {
     "discovery": Part("With announced printers", paint.measure_discovery),
     "select": Part("Choosing another destination", select_destination.measure),
     "capture": Part("Capturing standard input", capture.measure),
+    "options": Part("The options of the largest driver", option_tree.measure),
 }
 
 INSIDE = {
