@@ -7,6 +7,7 @@
 #include "PluginDirectories.h"
 #include "Plugins.h"
 #include "PrintDialog.h"
+#include "PrinterPropertiesDialog.h"
 #include "Translations.h"
 
 #include <QApplication>
@@ -41,6 +42,10 @@ PrintDialogServices services()
 {
     PrintDialogServices result;
     result.showHelp = HelpLauncher::show;
+    result.createPropertiesDialog = [](const QString &destination, const PrinterOptions &options,
+                                       QWidget *parent) -> QDialog * {
+        return new PrinterPropertiesDialog(destination, options, parent, HelpLauncher::show);
+    };
     return result;
 }
 
