@@ -8,6 +8,7 @@ import capture
 import handover
 import option_tree
 import paint
+import sample_picture
 import select_destination
 
 
@@ -23,6 +24,7 @@ ALL = {
     "select": Part("Choosing another destination", select_destination.measure),
     "capture": Part("Capturing standard input", capture.measure),
     "options": Part("The options of the largest driver", option_tree.measure),
+    "sample": Part("Redrawing the sample picture", sample_picture.measure),
 }
 
 INSIDE = {

@@ -20,7 +20,13 @@ struct ColorAdjustment {
     friend bool operator==(const ColorAdjustment &, const ColorAdjustment &) = default;
 };
 
-/** Shows on the screen what the print server's image filters do with the colours of an image. */
+/**
+ * Shows on the screen what the print server's image filters do with the colours of an image.
+ *
+ * Those of cups-filters 1.28 compute green from the red that they have just replaced, and blue from
+ * that red and green. That fault is not followed here: after strong changes of saturation and hue,
+ * the print differs from what is shown.
+ */
 namespace ColorTransform
 {
 /**

@@ -1,11 +1,17 @@
 #include "ColorTransform.h"
 
+#include "ColorAdjustmentRows.h"
+
 #include <QTest>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+
+using ColorAdjustmentRows::addColumns;
+using ColorAdjustmentRows::addRow;
+using ColorAdjustmentRows::fetch;
 
 namespace
 {
@@ -112,43 +118,23 @@ QImage translucentPicture()
     return picture;
 }
 
-void addAdjustment(int brightness, int gamma, int hue, int saturation)
-{
-    QTest::addRow("brightness %d, gamma %d, hue %d, saturation %d", brightness, gamma, hue,
-                  saturation)
-        << brightness << gamma << hue << saturation;
-}
-
 void addAdjustments()
 {
-    QTest::addColumn<int>("brightness");
-    QTest::addColumn<int>("gamma");
-    QTest::addColumn<int>("hue");
-    QTest::addColumn<int>("saturation");
-
-    addAdjustment(100, 1000, 0, 100);
+    addColumns();
+    addRow(100, 1000, 0, 100);
     for (int brightness : {0, 1, 50, 99, 101, 150, 200})
-        addAdjustment(brightness, 1000, 0, 100);
+        addRow(brightness, 1000, 0, 100);
     for (int gamma : {1, 100, 500, 999, 1001, 1500, 2000})
-        addAdjustment(100, gamma, 0, 100);
+        addRow(100, gamma, 0, 100);
     for (int hue = -360; hue <= 360; hue += 30)
-        addAdjustment(100, 1000, hue, 100);
+        addRow(100, 1000, hue, 100);
     for (int saturation : {0, 1, 50, 99, 101, 150, 200})
-        addAdjustment(100, 1000, 0, saturation);
-    addAdjustment(130, 700, 45, 160);
-    addAdjustment(60, 1800, -75, 40);
-    addAdjustment(200, 2000, 180, 200);
-    addAdjustment(1, 1, -360, 0);
-    addAdjustment(0, 1, 13, 200);
-}
-
-ColorAdjustment fetchAdjustment()
-{
-    QFETCH(int, brightness);
-    QFETCH(int, gamma);
-    QFETCH(int, hue);
-    QFETCH(int, saturation);
-    return {brightness, gamma, hue, saturation};
+        addRow(100, 1000, 0, saturation);
+    addRow(130, 700, 45, 160);
+    addRow(60, 1800, -75, 40);
+    addRow(200, 2000, 180, 200);
+    addRow(1, 1, -360, 0);
+    addRow(0, 1, 13, 200);
 }
 
 /** How far any channel of any pixel is from the reference, at most. */
@@ -194,7 +180,7 @@ private slots:
 
     void multipliesAsDesigned()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         const QMatrix4x4 matrix = ColorTransform::matrix(adjustment);
         for (int source = 0; source < 3; ++source) {
             Color primary{};
@@ -282,7 +268,7 @@ private slots:
 
     void changesGreysAlike()
     {
-        const QImage ramp = ColorTransform::adjusted(greyRamp(), fetchAdjustment());
+        const QImage ramp = ColorTransform::adjusted(greyRamp(), fetch());
         QVERIFY(ramp.isGrayscale());
     }
 
@@ -337,7 +323,7 @@ private slots:
 
     void changesPictures()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         const QImage cube = colorCube();
         const QImage result = ColorTransform::adjusted(cube, adjustment);
         // A sum beside a half may be rounded either way; then gamma and brightness act on it.

@@ -1,5 +1,7 @@
 #include "ColorTransform.h"
 
+#include "ColorAdjustmentRows.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -23,6 +25,10 @@
 // (A red without saturation is printed as 79, 24, 39.) What the preview shows is the matrix, so it
 // agrees with the print while colours change little. Beyond half the saturation or 60 degrees it
 // does not; beyond 90 degrees green and blue can even go the other way.
+
+using ColorAdjustmentRows::addColumns;
+using ColorAdjustmentRows::addRow;
+using ColorAdjustmentRows::fetch;
 
 namespace
 {
@@ -224,21 +230,6 @@ QImage predicted(const ColorAdjustment &adjustment)
                                     {adjustment.brightness, adjustment.gamma, 0, 100});
 }
 
-void addRow(int brightness, int gamma, int hue, int saturation)
-{
-    QTest::addRow("brightness %d, gamma %d, hue %d, saturation %d", brightness, gamma, hue,
-                  saturation)
-        << brightness << gamma << hue << saturation;
-}
-
-void addColumns()
-{
-    QTest::addColumn<int>("brightness");
-    QTest::addColumn<int>("gamma");
-    QTest::addColumn<int>("hue");
-    QTest::addColumn<int>("saturation");
-}
-
 void addLights()
 {
     for (int brightness : {0, 5, 50, 90, 110, 150, 200})
@@ -270,15 +261,6 @@ void addStrongColors()
         addRow(100, 1000, hue, 100);
     addRow(120, 1300, 60, 150);
     addRow(80, 800, -120, 60);
-}
-
-ColorAdjustment fetchAdjustment()
-{
-    QFETCH(int, brightness);
-    QFETCH(int, gamma);
-    QFETCH(int, hue);
-    QFETCH(int, saturation);
-    return {brightness, gamma, hue, saturation};
 }
 } // namespace
 
@@ -313,7 +295,7 @@ private slots:
     /** Brightness and gamma come out as they are shown, pixel by pixel. */
     void agreesInLight()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         const QImage printed = printedAsPdf(adjustment);
         compareDirections(printed, shown(adjustment));
         QVERIFY(pixelDistance(printed, shown(adjustment)) <= 1);
@@ -328,7 +310,7 @@ private slots:
 
     void agreesInDirectionWithRaster()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         compareDirections(printedAsRaster(adjustment), shown(adjustment));
     }
 
@@ -341,7 +323,7 @@ private slots:
     /** The means differ by 4.6 at most. */
     void agreesInMildColors()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         const QImage printed = printedAsPdf(adjustment);
         compareDirections(printed, shown(adjustment));
         QVERIFY(meanDistance(printed, shown(adjustment)) < 5.5);
@@ -360,7 +342,7 @@ private slots:
      */
     void differsInStrongColors()
     {
-        const ColorAdjustment adjustment = fetchAdjustment();
+        const ColorAdjustment adjustment = fetch();
         const QImage printed = printedAsPdf(adjustment);
         QVERIFY(meanDistance(printed, shown(adjustment), 1) < 2);
         QVERIFY(meanDistance(printed, shown(adjustment)) < 32);
