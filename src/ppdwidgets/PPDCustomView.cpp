@@ -22,6 +22,8 @@ constexpr char customChoice[] = "Custom";
 constexpr char pageSize[] = "PageSize";
 /** The weight of the empty space below the editors. */
 constexpr int stretchFactor = 10;
+/** In characters; a PPD's texts have up to 80. */
+constexpr int widestLabel = 20;
 /** Sizes that differ by less are sent alike. */
 constexpr double samePoints = 0.01;
 
@@ -163,6 +165,7 @@ void PPDCustomView::addPageSizeEditor(const ppd_option_t &option, ppd_coption_t 
 {
     m_pageSizeView = new CustomPageSizeView(this);
     m_ui->m_customBox->layout()->addWidget(m_pageSizeView);
+    m_pageSizeView->show();
     m_pageSizeView->setCustomOption(coption);
     m_pageSizeView->setValue(QString::fromUtf8(option.defchoice));
     // A size that was chosen before stands in the PPD, not in its default.
@@ -208,11 +211,11 @@ template <ppd_cptype_e T> void PPDCustomView::addEditor(ppd_cparam_t *param)
     auto *editor = new Param<T>(this, param);
     m_ui->m_customBox->layout()->addWidget(editor);
     m_paramViews.append(editor);
-    if (editor->isHidden())
-        editor->hide();
+    // Now, not when the layout gets to it: the pane would show an empty box until then.
+    editor->setVisible(!editor->isHidden());
 }
 
-/** Gives the labels of all parameters the width of the widest one. */
+/** Gives the labels of all parameters one width, and more than one line where they are long. */
 void PPDCustomView::alignLabels() const
 {
     QList<QLabel *> labels;
@@ -223,8 +226,11 @@ void PPDCustomView::alignLabels() const
     int width = 0;
     for (const QLabel *label : labels)
         width = std::max(width, label->sizeHint().width());
-    for (QLabel *label : labels)
-        label->setMinimumWidth(width);
+    width = std::min(width, widestLabel * fontMetrics().averageCharWidth());
+    for (QLabel *label : labels) {
+        label->setWordWrap(label->sizeHint().width() > width);
+        label->setFixedWidth(width);
+    }
 }
 
 void PPDCustomView::fillChoices(const ppd_option_t &option)

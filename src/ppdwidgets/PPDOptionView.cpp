@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 #include <QStackedWidget>
+#include <QStyleOptionGroupBox>
 #include <QVBoxLayout>
 
 #include <cstring>
@@ -78,6 +79,11 @@ QString PPDOptionView::title() const
     return EditorText::literalOf(QGroupBox::title());
 }
 
+QSize PPDOptionView::minimumSizeHint() const
+{
+    return {QWidget::minimumSizeHint().width(), QGroupBox::minimumSizeHint().height()};
+}
+
 void PPDOptionView::setOption(QTreeWidgetItem *item)
 {
     const QSignalBlocker blocker(this);
@@ -114,6 +120,13 @@ void PPDOptionView::valueChanged(double value)
 {
     if (PPDTree::NumericalItem *row = numerical(m_item))
         row->setValue(value);
+}
+
+void PPDOptionView::initStyleOption(QStyleOptionGroupBox *option) const
+{
+    QGroupBox::initStyleOption(option);
+    option->text = option->fontMetrics.elidedText(option->text, Qt::ElideRight,
+                                                  width() - 2 * margin, Qt::TextShowMnemonic);
 }
 
 void PPDOptionView::showEvent(QShowEvent *event)

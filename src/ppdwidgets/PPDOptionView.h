@@ -32,6 +32,8 @@ public:
     /** The last custom page size that was chosen here. */
     QString customPageSize() const { return m_customPageSize; }
     QSize sizeHint() const override { return {200, 120}; }
+    /** Of the editors alone: a long title is cut short rather than the rest of the window. */
+    QSize minimumSizeHint() const override;
 
 signals:
     /** The user changed the choice of the option. */
@@ -48,6 +50,7 @@ public slots:
     virtual void valueChanged(double value);
 
 protected:
+    void initStyleOption(QStyleOptionGroupBox *option) const override;
     void showEvent(QShowEvent *event) override;
 
 private:

@@ -87,6 +87,7 @@ private slots:
     void optionWithoutChoices();
     void brokenPageSizeIsFatal();
     void labelsAreAlignedAndLiteral();
+    void longLabelsAreWrapped();
     void editedByTheKeyboard();
 };
 
@@ -389,6 +390,17 @@ void TestPPDCustomView::labelsAreAlignedAndLiteral()
     QCOMPARE(labels[0]->width(), labels[1]->width());
     custom.setUp("AReal");
     QCOMPARE(only<QLabel>(*custom.box)->text(), u"Factor && more"_s);
+}
+
+void TestPPDCustomView::longLabelsAreWrapped()
+{
+    const QByteArray text("How far the picture is to be moved to the right of the left margin");
+    Custom custom("APoints", openPpdWith("Points/Shift", "Points/" + text));
+    const auto *label = only<QLabel>(*custom.box);
+    QCOMPARE(label->text(), QString::fromUtf8(text));
+    QVERIFY(label->wordWrap());
+    QVERIFY(custom.box->minimumSizeHint().width() <
+            label->fontMetrics().horizontalAdvance(label->text()));
 }
 
 void TestPPDCustomView::editedByTheKeyboard()

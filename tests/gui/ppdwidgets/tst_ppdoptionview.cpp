@@ -84,6 +84,7 @@ private slots:
     void groupsAndRootAreEmpty();
     void emptyGroupIsEmpty();
     void titleIsWhatTheUserSees();
+    void longTitleIsCutShort();
     void pages_data();
     void pages();
     void showingMarksNothing_data();
@@ -191,6 +192,23 @@ void TestPPDOptionView::titleIsWhatTheUserSees()
     QCOMPARE(option.text, u"Black && White"_s);
     QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&pane.view);
     QCOMPARE(spoken->text(QAccessible::Name), u"Black & White"_s);
+}
+
+void TestPPDOptionView::longTitleIsCutShort()
+{
+    const QByteArray text("A very long text of an option that goes on & on beyond all sense");
+    Pane pane(openPpdWith("Dozen/Dozen", "Dozen/" + text));
+    pane.select("Empty");
+    const int width = pane.view.minimumSizeHint().width();
+    pane.select("Dozen");
+    QCOMPARE(pane.view.minimumSizeHint().width(), width);
+    QCOMPARE(pane.view.title(), QString::fromUtf8(text));
+    pane.view.resize(200, 200);
+    QStyleOptionGroupBox option;
+    (static_cast<const PPDOptionView &>(pane.view).*&TitleOption::initStyleOption)(&option);
+    QVERIFY(option.text.startsWith(u"A very long"_s));
+    QVERIFY(option.text.endsWith(u'…'));
+    QVERIFY(option.fontMetrics.horizontalAdvance(option.text) <= 200);
 }
 
 void TestPPDOptionView::pages_data()
