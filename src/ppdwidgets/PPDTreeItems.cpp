@@ -62,6 +62,13 @@ QString rowText(const QString &name, const QString &value)
     return name + opening + value + closing;
 }
 
+/** A text of the driver that keeps its own direction among texts that run from right to left. */
+QString isolated(const QString &text, Qt::LayoutDirection direction)
+{
+    constexpr QChar firstStrongIsolate(0x2068), popDirectionalIsolate(0x2069);
+    return direction == Qt::RightToLeft ? firstStrongIsolate + text + popDirectionalIsolate : text;
+}
+
 /** `value` without its fraction, within the range of an integer. */
 QString truncatedText(double value)
 {
@@ -137,7 +144,8 @@ void BaseItem::paintText(QPainter *painter, const QPalette &palette, int x)
     const bool isLeaf = childCount() == 0;
     const bool showsConflict = m_conflict && (isLeaf ? depth() > 1 && !m_numeric : !isExpanded());
     const Role role = isSelected() ? Role::Selected : showsConflict ? Role::Conflict : Role::Text;
-    paintPiece(painter, x, text(treeColumn), textColor(palette, role));
+    paintPiece(painter, x, isolated(text(treeColumn), treeWidget()->layoutDirection()),
+               textColor(palette, role));
 }
 
 void BaseItem::addToDict(Dict &dict)
@@ -222,8 +230,9 @@ void BaseItem::paintPieces(QPainter *painter, const QPalette &palette, int x, co
 {
     const QColor white = textColor(palette, Role::Selected);
     const QColor plain = isSelected() ? white : textColor(palette, Role::Text);
-    x += paintPiece(painter, x, name + opening, plain);
-    x += paintPiece(painter, x, value, isSelected() ? white : valueColor);
+    const Qt::LayoutDirection direction = treeWidget()->layoutDirection();
+    x += paintPiece(painter, x, isolated(name, direction) + opening, plain);
+    x += paintPiece(painter, x, isolated(value, direction), isSelected() ? white : valueColor);
     paintPiece(painter, x, closing, plain);
 }
 

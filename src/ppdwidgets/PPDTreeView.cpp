@@ -124,10 +124,11 @@ void PPDTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bot
 void PPDTreeView::initViewItemOption(QStyleOptionViewItem *option) const
 {
     QTreeWidget::initViewItemOption(option);
+    QPalette palette = option->palette;
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        option->palette.setCurrentColorGroup(group);
+        palette.setCurrentColorGroup(group);
         option->palette.setColor(group, QPalette::Highlight,
-                                 PPDTreeColors::selectionColor(option->palette));
+                                 PPDTreeColors::selectionColor(palette));
     }
 }
 

@@ -36,8 +36,8 @@ public:
 
 public slots:
     /** Marks the rows in conflict, and warns of the conflicts in a modal box. */
-    void checkConstraints();
-    void updateCustomPageSize(QString value);
+    virtual void checkConstraints();
+    virtual void updateCustomPageSize(QString value);
 
 signals:
     /** The row that is selected now, null for none. */

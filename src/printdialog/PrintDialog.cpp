@@ -38,8 +38,6 @@ constexpr char helpTopic[] = "VESK.htm#GuiLPRDialog";
 constexpr auto pauseBetweenTries = 50ms;
 /** For how long the list may keep the dialog from opening; the regular tries fit in well. */
 constexpr auto listPatience = 2s;
-/** It asks the server without a limit of its own. */
-constexpr auto lpoptionsLimit = 15s;
 
 DestinationState lookUp(const QString &queue)
 {
@@ -342,9 +340,13 @@ void PrintDialog::SetAsDefault()
         qWarning("Destination is already default");
         return;
     }
-    ProcessEx::execute(QStringLiteral("lpoptions"), {QStringLiteral("-d"), m_destination},
-                       lpoptionsLimit);
+    // It asks the server without a limit of its own.
+    const std::chrono::milliseconds limit(ServerConnection::limits().totalMs);
+    const int status = ProcessEx::execute(QStringLiteral("lpoptions"),
+                                          {QStringLiteral("-d"), m_destination}, limit);
     ui->SetAsDefButton->setEnabled(false);
+    if (status != 0)
+        refuse(tr("Error!"), tr("\"%1\" could not be made the default.").arg(m_destination));
 }
 
 void PrintDialog::ShowHelp()

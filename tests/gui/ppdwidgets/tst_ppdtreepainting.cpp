@@ -40,6 +40,9 @@ private slots:
     void numericalInConflict();
     void pieces_data() { looks(); }
     void pieces();
+    void wordsKeepTheirOrder();
+    void openingMarkIsThePalettes_data();
+    void openingMarkIsThePalettes();
     void pictureComesFirst_data() { looks(); }
     void pictureComesFirst();
     void missingPicture();
@@ -270,6 +273,54 @@ void TestPPDTreePainting::pieces()
     QVERIFY2(std::abs(width - value) <= 4 * ratio, qPrintable(QString::number(width - value)));
     QVERIFY(std::abs(choice.first - text.first - opening) <= 8 * ratio);
     QVERIFY(text.last - choice.last <= closing + 5 * ratio);
+}
+
+/** A choice like "600 DPI" does not become "DPI 600" from right to left. */
+void TestPPDTreePainting::wordsKeepTheirOrder()
+{
+    const Cups::PpdPtr ppd =
+        openMarked(TestPpd::group("G/G", TestPpd::pickOne("One/One", "a", {"a/1 WWW"})));
+    m_view->setPPD(ppd.get());
+    m_view->setLayoutDirection(Qt::RightToLeft);
+    const QImage image = imageOf(TreeTest::optionRow(*m_view, "One"));
+    const Range choice = columnsOf(image, color(Role::Choice));
+    QVERIFY(choice.isValid());
+    // The space is on the side of the digit, left of the middle.
+    int empty = choice.first;
+    while (columnsOf(image.copy(empty, 0, 1, image.height()), color(Role::Choice)).isValid())
+        ++empty;
+    int gapEnd = empty;
+    while (!columnsOf(image.copy(gapEnd, 0, 1, image.height()), color(Role::Choice)).isValid())
+        ++gapEnd;
+    QVERIFY(gapEnd < (choice.first + choice.last) / 2);
+    m_view->setPPD(nullptr);
+}
+
+void TestPPDTreePainting::openingMarkIsThePalettes_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::newRow("enabled") << true;
+    QTest::newRow("disabled") << false;
+}
+
+/** The mark that opens and closes a group is as strong as the view is enabled. */
+void TestPPDTreePainting::openingMarkIsThePalettes()
+{
+    QFETCH(bool, enabled);
+    QPalette palette = m_view->palette();
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, palette.color(QPalette::Base));
+    palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Base));
+    m_view->setPalette(palette);
+    m_view->setEnabled(enabled);
+    const QRect row = m_view->visualItemRect(m_view->m_root);
+    const QImage mark =
+        m_view->viewport()->grab({0, row.top(), row.left(), row.height()}).toImage();
+    bool marked = false;
+    for (int x = 0; x < mark.width(); ++x) {
+        for (int y = 0; y < mark.height(); ++y)
+            marked |= mark.pixelColor(x, y).lightness() < 0x80;
+    }
+    QCOMPARE(marked, enabled);
 }
 
 void TestPPDTreePainting::pictureComesFirst()

@@ -6,6 +6,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
@@ -69,7 +70,8 @@ private slots:
     void startOfNothing();
     void setsTheDefault();
     void defaultOfTheDefault();
-    void defaultWithoutLpoptions();
+    void defaultIsNotSet_data();
+    void defaultIsNotSet();
 
     void properties_data();
     void properties();
@@ -799,14 +801,47 @@ void TestPrintDialog::defaultOfTheDefault()
     QCOMPARE(run("lpstat", {u"-d"_s}), before);
 }
 
-void TestPrintDialog::defaultWithoutLpoptions()
+void TestPrintDialog::defaultIsNotSet_data()
 {
+    QTest::addColumn<QByteArray>("lpoptions"); // null: there is none
+    QTest::addColumn<QString>("warning");
+    const QString tookTooLong = u"ProcessEx::execute: lpoptions took too long and was ended"_s;
+    QTest::newRow("missing") << QByteArray() << u"ProcessEx::execute: failed to launch"_s;
+    QTest::newRow("fails") << QByteArray("exit 1") << QString();
+    QTest::newRow("hangs") << QByteArray("exec /bin/sleep 600") << tookTooLong;
+    QTest::newRow("hangs and will not end")
+        << QByteArray("trap '' TERM; exec /bin/sleep 600") << tookTooLong;
+}
+
+void TestPrintDialog::defaultIsNotSet()
+{
+    QFETCH(QByteArray, lpoptions);
+    QFETCH(QString, warning);
     make(u"Photo"_s);
-    const QTemporaryDir empty;
-    const Environment path("PATH", empty.path().toLocal8Bit());
-    QTest::ignoreMessage(QtWarningMsg, "ProcessEx::execute: failed to launch");
-    button("SetAsDefButton")->click();
+    const QTemporaryDir folder;
+    if (!lpoptions.isNull()) {
+        QFile program(folder.filePath(u"lpoptions"_s));
+        QVERIFY(program.open(QIODevice::WriteOnly));
+        QVERIFY(program.write("#!/bin/sh\n" + lpoptions + '\n') > 0);
+        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    }
+    if (!warning.isNull())
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+    const auto limits = ServerConnection::limits();
+    QElapsedTimer timer;
+    timer.start();
+    const auto box = boxShownBy([&] {
+        const Environment path("PATH", folder.path().toLocal8Bit());
+        ServerConnection::limits().totalMs = 200;
+        button("SetAsDefButton")->click();
+        ServerConnection::limits() = limits;
+    });
+    QVERIFY2(timer.elapsed() < 10'000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY(box);
+    QCOMPARE(box->title, u"Error!"_s);
+    QCOMPARE(box->text, u"\"Photo\" could not be made the default."_s);
     QVERIFY(!button("SetAsDefButton")->isEnabled());
+    QVERIFY(!run("lpstat", {u"-d"_s}).contains("Photo"));
 }
 
 void TestPrintDialog::properties_data()

@@ -1,6 +1,7 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
 #include "Requests.h"
+#include "SavedOptionsFiles.h"
 
 #include <QDir>
 #include <QProcess>
@@ -13,6 +14,8 @@
 /** The facade and the destinations against a real server. What is read back, is read by others. */
 
 using Destinations::Entry;
+
+using namespace SavedOptionsFiles;
 
 namespace
 {
@@ -49,23 +52,6 @@ QString lpstat(const QStringList &arguments)
 QString lpstat(const char *arguments)
 {
     return lpstat(QString::fromLatin1(arguments).split(u' '));
-}
-
-QString userFile()
-{
-    return qEnvironmentVariable("HOME") + QStringLiteral("/.cups/lpoptions");
-}
-
-QString systemFile()
-{
-    return qEnvironmentVariable("CUPS_SERVERROOT") + QStringLiteral("/lpoptions");
-}
-
-void writeFile(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
 }
 
 QByteArray readFile(const QString &path)

@@ -1,6 +1,7 @@
 #include "Destinations.h"
 #include "FakeIppServer.h"
 #include "IppBytes.h"
+#include "SavedOptionsFiles.h"
 
 #include <QDeadlineTimer>
 #include <QProcess>
@@ -10,25 +11,10 @@
 using Destinations::Entry;
 using Destinations::SavedEntry;
 
+using namespace SavedOptionsFiles;
+
 namespace
 {
-QString userFile()
-{
-    return qEnvironmentVariable("HOME") + QStringLiteral("/.cups/lpoptions");
-}
-
-QString systemFile()
-{
-    return qEnvironmentVariable("CUPS_SERVERROOT") + QStringLiteral("/lpoptions");
-}
-
-void writeFile(const QString &path, const QByteArray &contents)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(contents), contents.size());
-}
-
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
