@@ -57,6 +57,8 @@ public:
     void setPixmap(const QPixmap &pixmap);
     /** The size of the cell that shows all of the row. */
     QSize cellSizeHint() const;
+    /** The width of that cell, which is measured once a text. */
+    int rowWidth() const;
     /** To be called when the view's font or style has changed. */
     void forgetWidth();
 
@@ -79,7 +81,6 @@ protected:
 private:
     int paintPiece(QPainter *painter, int x, const QString &text, const QColor &color) const;
     int textLeft() const;
-    int rowWidth() const;
 
     mutable int m_width = -1;
 };

@@ -23,7 +23,7 @@ constexpr int treeColumn = 0;
 /** How wide the column must be for `row` and the rows below it. */
 int widest(const BaseItem &row, int left, int indentation)
 {
-    int width = left + row.cellSizeHint().width();
+    int width = left + row.rowWidth();
     for (const BaseItem *child : row.m_children)
         width = std::max(width, widest(*child, left + indentation, indentation));
     return width;

@@ -19,6 +19,8 @@ conflict='--mark OptionDuplex=False --mark Duplex=DuplexNoTumble'
 
 shot light "$program" --select InputSlot
 shot dark "$program" --dark --select InputSlot
+shot boolean "$program" --select Collate
+shot installed "$program" --select OptionTrays
 shot conflict "$program" $conflict
 shot conflict-dark "$program" --dark $conflict
 shot conflict-selected "$program" $conflict --select Duplex
@@ -27,5 +29,5 @@ shot conflict-closed-dark "$program" --dark $conflict --close Duplex
 shot mirrored "$program" --mirrored $conflict --select InputSlot
 shot scale2 env QT_SCALE_FACTOR=2 "$program" --select InputSlot
 shot scale15 env QT_SCALE_FACTOR=1.5 "$program" $conflict
-shot narrow "$program" --width 200
-shot narrow-mirrored "$program" --mirrored --width 200
+shot narrow "$program" --width 400
+shot narrow-mirrored "$program" --mirrored --width 400
