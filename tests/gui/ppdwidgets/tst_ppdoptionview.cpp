@@ -89,6 +89,7 @@ private slots:
     void pages();
     void showingMarksNothing_data();
     void showingMarksNothing();
+    void showingPageSizeKeepsItsChoice();
     void booleanShowsItsChoice();
     void booleanClickMarks();
     void booleanWithoutAChoice();
@@ -271,6 +272,18 @@ void TestPPDOptionView::showingMarksNothing()
     QCOMPARE(marked(pane.ppd, "PageSize"), page);
     QCOMPARE(pane.row(keyword.constData())->text(0), text);
     QCOMPARE(pane.changed.count(), 0);
+}
+
+void TestPPDOptionView::showingPageSizeKeepsItsChoice()
+{
+    const Cups::PpdPtr ppd = openPpd();
+    ppdMarkOption(ppd.get(), "PageSize", "Letter");
+    Pane pane(ppd);
+    pane.select("PageSize");
+    pane.select("AReal");
+    pane.select("PageSize");
+    QCOMPARE(marked(ppd, "PageSize"), u"Letter"_s);
+    QCOMPARE(pane.custom->currentRow(), 1);
 }
 
 void TestPPDOptionView::booleanShowsItsChoice()
