@@ -18,6 +18,11 @@ const char *logDirectory()
 {
     return "/var/tmp";
 }
+const char *pictureDirectory()
+{
+    // Spelled so in the installed tree.
+    return "/opt/Tarvel/mfp/share/picturtes/";
+}
 bool areRelocated()
 {
     return false;

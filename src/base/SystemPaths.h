@@ -18,6 +18,8 @@ const char *systemClient();
 const char *serverSocket();
 /** The folder of the diagnostic logs, without a slash at its end: /var/tmp. */
 const char *logDirectory();
+/** The folder of the device pictures, with a slash at its end. */
+const char *pictureDirectory();
 /** True in the relocated executable. */
 bool areRelocated();
 } // namespace SystemPaths

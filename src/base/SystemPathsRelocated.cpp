@@ -39,6 +39,12 @@ const char *logDirectory()
     return path.c_str();
 }
 
+const char *pictureDirectory()
+{
+    static const std::string path = relocated("/opt/Tarvel/mfp/share/picturtes/");
+    return path.c_str();
+}
+
 bool areRelocated()
 {
     return true;

@@ -28,6 +28,8 @@ void tst_SystemPaths::paths()
     QCOMPARE(QByteArray(SystemPaths::systemClient()), prefix + "/usr/bin/lpr.orig");
     QCOMPARE(QByteArray(SystemPaths::serverSocket()), prefix + "/var/run/cups/cups.sock");
     QCOMPARE(QByteArray(SystemPaths::logDirectory()), prefix + "/var/tmp");
+    QCOMPARE(QByteArray(SystemPaths::pictureDirectory()),
+             prefix + "/opt/Tarvel/mfp/share/picturtes/");
     QCOMPARE(SystemPaths::areRelocated(), !prefix.isEmpty());
 }
 
