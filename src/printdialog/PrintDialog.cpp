@@ -298,9 +298,7 @@ void PrintDialog::updatePrinterControls()
 
 QPixmap PrintDialog::devicePicture(const QString &makeAndModel) const
 {
-    const QPixmap device =
-        m_services.devicePicture ? m_services.devicePicture(makeAndModel) : QPixmap();
-    return device.isNull() ? picture(QStringLiteral("printer.png"), this) : device;
+    return m_services.devicePicture ? m_services.devicePicture(makeAndModel) : QPixmap();
 }
 
 void PrintDialog::EditProperties()

@@ -24,7 +24,7 @@ class PrintDialogBase;
 struct PrintDialogServices {
     /** Opens a help topic. */
     std::function<void(const QString &topic)> showHelp;
-    /** The picture of a device by its make and model (may be empty); null: the generic one. */
+    /** The picture of a device by its make and model (may be empty). */
     std::function<QPixmap(const QString &makeAndModel)> devicePicture;
     /**
      * Makes the properties dialog of `destination` over its options. The caller deletes it. While

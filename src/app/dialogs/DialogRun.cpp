@@ -1,5 +1,6 @@
 #include "DialogRun.h"
 
+#include "DevicePicture.h"
 #include "HelpLauncher.h"
 #include "InstallationSettings.h"
 #include "LPRArguments.h"
@@ -42,6 +43,7 @@ PrintDialogServices services()
 {
     PrintDialogServices result;
     result.showHelp = HelpLauncher::show;
+    result.devicePicture = devicePicture;
     result.createPropertiesDialog = [](const QString &destination, const PrinterOptions &options,
                                        QWidget *parent) -> QDialog * {
         return new PrinterPropertiesDialog(destination, options, parent, HelpLauncher::show);

@@ -1,8 +1,9 @@
 /** Shows the print dialog in a given look and writes what it shows into a PNG file. */
 
-#include "Screenshot.h"
+#include "DevicePicture.h"
 #include "LongTexts.h"
 #include "PrintDialog.h"
+#include "Screenshot.h"
 
 #include <QSpinBox>
 
@@ -24,6 +25,7 @@ int main(int argc, char **argv)
         QCoreApplication::installTranslator(&translator);
 
     PrintDialogServices services;
+    services.devicePicture = devicePicture;
     if (parser.isSet(properties))
         services.createPropertiesDialog = [](const QString &, const PrinterOptions &,
                                              QWidget *parent) { return new QDialog(parent); };

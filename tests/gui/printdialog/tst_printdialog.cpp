@@ -58,7 +58,7 @@ private slots:
     void longAndHostileTexts();
     void devicePicture_data();
     void devicePicture();
-    void ownPictureWithoutAModel();
+    void noPictureWithoutItsService();
 
     void selectingLoadsOptions();
     void selectingKeepsMediaOfTheCommandLine();
@@ -677,14 +677,10 @@ void TestPrintDialog::devicePicture()
     QCOMPARE(find<QLabel>("PrinterImage")->pixmap().toImage(), red.toImage());
 }
 
-void TestPrintDialog::ownPictureWithoutAModel()
+void TestPrintDialog::noPictureWithoutItsService()
 {
-    PrintDialogServices services;
-    services.devicePicture = [](const QString &) { return QPixmap(); };
-    make(u"Laser"_s, services);
-    const QPixmap picture = find<QLabel>("PrinterImage")->pixmap();
-    QCOMPARE(picture.deviceIndependentSize(), QSizeF(48, 48));
-    QCOMPARE(picture.toImage(), QPixmap(u":/printdialog/images/printer.png"_s).toImage());
+    make(u"Laser"_s);
+    QVERIFY(find<QLabel>("PrinterImage")->pixmap().isNull());
 }
 
 void TestPrintDialog::selectingLoadsOptions()
