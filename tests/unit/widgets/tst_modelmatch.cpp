@@ -129,7 +129,7 @@ void TestModelMatch::sameAsTheRuleWordByWord()
 {
     std::mt19937 random(1);
     int matches = 0;
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 20'000; ++i) {
         const QString model = randomText(random);
         const QString device = randomText(random);
         const qsizetype expected = plainScore(model, device);
@@ -138,7 +138,7 @@ void TestModelMatch::sameAsTheRuleWordByWord()
             QCOMPARE(u"%1 | %2: %3"_s.arg(model, device).arg(ModelMatch::score(model, device)),
                      QString::number(expected));
     }
-    QVERIFY(matches > 5'000);
+    QVERIFY(matches > 1'000);
 }
 
 void TestModelMatch::longTextsTakeLittleTime_data()
