@@ -1,5 +1,6 @@
 #include "PpdMarks.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <span>
@@ -49,11 +50,21 @@ Parameters parametersOf(const ppd_coption_t &option)
     return parameters;
 }
 
+/** The parameter of that name; without one, the parameter `index`. */
+const ppd_cparam_t &parameterOr(const Parameters &parameters, const char *name, size_t index)
+{
+    const auto named = std::ranges::find_if(parameters, [name](const ppd_cparam_t *parameter) {
+        return std::strcmp(parameter->name, name) == 0;
+    });
+    return named == parameters.end() ? *parameters[index] : **named;
+}
+
+/** Width, then height. There are drivers that name the height first. */
 QString pageSizeText(const Parameters &parameters)
 {
     return QStringLiteral("Custom.%1x%2pt")
-        .arg(general(parameters[0]->current.custom_points),
-             general(parameters[1]->current.custom_points));
+        .arg(general(parameterOr(parameters, "Width", 0).current.custom_points),
+             general(parameterOr(parameters, "Height", 1).current.custom_points));
 }
 
 QString listText(const Parameters &parameters, FILE *log)

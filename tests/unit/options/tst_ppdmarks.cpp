@@ -2,6 +2,7 @@
 
 #include "DecimalCommaLocale.h"
 #include "OptionsTestSupport.h"
+#include "TestPpd.h"
 
 #include <QTest>
 
@@ -108,6 +109,7 @@ private slots:
     void customPageSize();
     void customPageSizeReadsBack_data();
     void customPageSizeReadsBack();
+    void customPageSizeWithTheHeightFirst();
     void customPageSizeWithOneParameter();
     void customWithoutParameters();
     void severalParameters();
@@ -316,6 +318,17 @@ void tst_PpdMarks::customPageSizeReadsBack()
     // Exactly: QCOMPARE would let numbers pass that only nearly agree.
     QVERIFY(value("Width") == width);
     QVERIFY(value("Height") == height);
+}
+
+void tst_PpdMarks::customPageSizeWithTheHeightFirst()
+{
+    m_ppd = TestPpd::open(
+        TestPpd::pickOne("PageSize", "A4", {"A4"}) +
+        TestPpd::custom("PageSize", {"Height 1 points 10 2000", "Width 2 points 10 2000",
+                                     "Orientation 3 int 0 3"}));
+    QVERIFY(ppd());
+    ppdMarkOption(ppd(), "PageSize", "Custom.300x400");
+    QCOMPARE(savedText(ppd(), "PageSize"), QStringLiteral("Custom.300x400pt"));
 }
 
 void tst_PpdMarks::customPageSizeWithOneParameter()
