@@ -7,9 +7,6 @@
 
 namespace
 {
-constexpr char shortOptions[] = "o:phn:#:P:C:J:T:U:";
-constexpr char longOptions[] = "ui";
-
 const QString jobOptions = QStringLiteral("o");
 const QString prettyPrint = QStringLiteral("p");
 const QString noBanner = QStringLiteral("h");
