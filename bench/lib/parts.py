@@ -8,6 +8,7 @@ import capture
 import handover
 import option_tree
 import paint
+import picture_index
 import sample_picture
 import select_destination
 
@@ -25,6 +26,7 @@ ALL = {
     "capture": Part("Capturing standard input", capture.measure),
     "options": Part("The options of the largest driver", option_tree.measure),
     "sample": Part("Redrawing the sample picture", sample_picture.measure),
+    "pictures": Part("The index of device pictures", picture_index.measure),
 }
 
 INSIDE = {
