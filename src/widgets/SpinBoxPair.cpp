@@ -41,7 +41,9 @@ void SpinBoxPair::setValue2(int value)
 void SpinBoxPair::setValue(QSpinBox *box, QSpinBox *other, int value)
 {
     box->setMaximum(m_total);
-    box->setValue(value);
+    // Set once more, a value would replace what the user is still typing.
+    if (box->value() != value)
+        box->setValue(value);
     other->setMaximum(m_total - box->value());
     box->setMaximum(m_total - other->value());
 }

@@ -1,3 +1,4 @@
+#include "MultiUnitSpinBox.h"
 #include "SpinBoxPair.h"
 
 #include <QSignalSpy>
@@ -14,6 +15,7 @@ private slots:
     void setsTheTotal_data();
     void setsTheTotal();
     void userIsHeldByTheOther();
+    void typedTextStays();
     void forwardsChanges();
     void enablesBoth();
 
@@ -106,6 +108,21 @@ void TestSpinBoxPair::userIsHeldByTheOther()
     QTest::keyClick(m_first.get(), Qt::Key_Up);
     QCOMPARE(values(), (QList<int>{11, 19}));
     QCOMPARE(maxima(), (QList<int>{11, 19}));
+}
+
+void TestSpinBoxPair::typedTextStays()
+{
+    MultiUnitSpinBox first;
+    first.setRange(13, 500);
+    first.setConversion(720, 254, 1);
+    QSpinBox second;
+    second.setRange(13, 500);
+    SpinBoxPair pair(&first, &second);
+    pair.setTotal(535);
+    first.selectAll();
+    QTest::keyClicks(&first, QStringLiteral("25.4"));
+    QCOMPARE(first.text(), QStringLiteral("25.4"));
+    QCOMPARE(first.value(), 72);
 }
 
 void TestSpinBoxPair::forwardsChanges()
