@@ -61,6 +61,7 @@ void GraphicsPage::load(const PrinterOptions &options)
     ui.VerPositionSlider->setValue(position.vertical);
     copySlidersToSpinBoxes();
     refreshColorOptions();
+    refreshSampleImage();
     refreshImageSize();
     refreshImagePosition();
 }
@@ -148,7 +149,6 @@ void GraphicsPage::refreshColorOptions()
     }
     if (!areChosen)
         resetColors();
-    refreshSampleImage();
 }
 
 void GraphicsPage::resetColors()

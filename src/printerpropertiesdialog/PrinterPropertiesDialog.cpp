@@ -296,6 +296,7 @@ void PrinterPropertiesDialog::RefreshUnits()
 void PrinterPropertiesDialog::RefreshColorOptions()
 {
     m_graphics->refreshColorOptions();
+    RefreshSampleImage();
 }
 
 void PrinterPropertiesDialog::RefreshSampleImage()

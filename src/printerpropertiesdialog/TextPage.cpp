@@ -31,6 +31,28 @@ struct Margin {
 constexpr std::array margins{
     Margin{Option::pageLeft, &PageMargins::left}, Margin{Option::pageRight, &PageMargins::right},
     Margin{Option::pageTop, &PageMargins::top}, Margin{Option::pageBottom, &PageMargins::bottom}};
+
+/** Two margins that share a length of the page. */
+struct MarginPair {
+    SpinBoxPair *boxes;
+    QSpinBox *first;
+    QSpinBox *second;
+    int length;
+    int value1;
+    int value2;
+};
+
+void show(const MarginPair &pair)
+{
+    const int total = MarginSlots::sharedTotal(pair.length);
+    const int most = total - MarginSlots::minimum;
+    pair.boxes->setTotal(total);
+    // A box gives up its minimum where the other one takes the whole total.
+    pair.first->setMinimum(MarginSlots::minimum);
+    pair.second->setMinimum(MarginSlots::minimum);
+    pair.boxes->setValue2(std::min(pair.value2, most));
+    pair.boxes->setValue1(std::min(pair.value1, most));
+}
 } // namespace
 
 TextPage::TextPage(Ui::PrinterPropertiesDialogBase &form, QObject *dialog)
@@ -136,12 +158,11 @@ void TextPage::refreshMargins()
     const std::array blockers{QSignalBlocker(m_leftRight), QSignalBlocker(m_topBottom)};
     const QSize visible = PaperSizes::visible(m_paper, m_orientation);
     const PageMargins shown = m_margins.shown(m_orientation);
-    m_leftRight->setTotal(MarginSlots::sharedTotal(visible.width()));
-    m_leftRight->setValue2(shown.right);
-    m_leftRight->setValue1(shown.left);
-    m_topBottom->setTotal(MarginSlots::sharedTotal(visible.height()));
-    m_topBottom->setValue2(shown.bottom);
-    m_topBottom->setValue1(shown.top);
+    for (const MarginPair &pair : {MarginPair{m_leftRight, ui.LeftSpinBox, ui.RightSpinBox,
+                                              visible.width(), shown.left, shown.right},
+                                   MarginPair{m_topBottom, ui.TopSpinBox, ui.BottomSpinBox,
+                                              visible.height(), shown.top, shown.bottom}})
+        show(pair);
     const bool areChosen = !ui.DefaultMarginsCheckBox->isChecked();
     m_leftRight->setEnabled(areChosen);
     m_topBottom->setEnabled(areChosen);

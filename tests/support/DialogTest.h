@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QTest>
 
-/** What the tests of the print dialog share. */
+/** What the tests of the dialogs share. */
 namespace DialogTest
 {
 /** The child with that object name, which must be there and of that type. */
@@ -47,13 +47,18 @@ public:
         m_savedOptions = file.readAll();
     }
 
-    void reset() const
+    void resetSavedOptions() const
     {
-        using namespace Qt::StringLiterals;
         QFile file(savedOptionsFile());
         if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
             file.write(m_savedOptions) != m_savedOptions.size())
             qFatal("cannot write the saved options");
+    }
+
+    void reset() const
+    {
+        using namespace Qt::StringLiterals;
+        resetSavedOptions();
         run("cupsdisable", {u"Stopped"_s});
         run("cupsaccept", {u"Stopped"_s});
         run("cupsenable", {u"Rejecting"_s, u"Office"_s});
@@ -65,12 +70,12 @@ public:
         }
     }
 
-private:
     static QString savedOptionsFile()
     {
         return qEnvironmentVariable("HOME") + QStringLiteral("/.cups/lpoptions");
     }
 
+private:
     QByteArray m_savedOptions;
 };
 
