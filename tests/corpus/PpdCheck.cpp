@@ -69,6 +69,16 @@ double currentNumber(const ppd_cparam_t &parameter)
     }
 }
 
+/** All parameters at once: marking a value moves the library's own place in the list. */
+std::vector<const ppd_cparam_t *> parametersOf(ppd_coption_t *option)
+{
+    std::vector<const ppd_cparam_t *> parameters;
+    for (const ppd_cparam_t *each = ppdFirstCustomParam(option); each;
+         each = ppdNextCustomParam(option))
+        parameters.push_back(each);
+    return parameters;
+}
+
 QString currentText(const ppd_cparam_t &parameter)
 {
     return QString::fromUtf8(parameter.type == PPD_CUSTOM_STRING ? parameter.current.custom_string
@@ -159,6 +169,7 @@ PpdCheck::PpdCheck(const QString &path, Counts &counts)
     connect(&m_tree, qOverload<QTreeWidgetItem *>(&PPDTreeView::selectionChanged), &m_pane,
             &PPDOptionView::setOption);
     connect(&m_pane, &PPDOptionView::optionChanged, &m_tree, &PPDTreeView::checkConstraints);
+    connect(&m_pane, &PPDOptionView::optionChanged, this, [this] { m_edited = true; });
     qApp->installEventFilter(this);
 }
 
@@ -272,7 +283,10 @@ void PpdCheck::compareWarning(const QString &what, bool conflicts)
     const bool warned = !m_warnings.isEmpty();
     if (warned && m_warnings.last() != expected)
         fail(QStringLiteral("%1: the warning is \"%2\"").arg(what, m_warnings.last()));
+    if (m_edited && !warned && !expected.isEmpty())
+        fail(QStringLiteral("%1: no warning").arg(what));
     m_warnings.clear();
+    m_edited = false;
 }
 
 void PpdCheck::selectRows()
@@ -363,18 +377,20 @@ void PpdCheck::changeParameters(const Row &row)
 {
     if (std::strcmp(row.plain->keyword, "PageSize") == 0)
         return changePageSize(row);
-    const auto *view = m_pane.findChild<PPDCustomView *>();
-    ppd_coption_t *option = ppdFindCustomOption(m_shown.get(), row.plain->keyword);
-    const ppd_cparam_t *parameter = ppdFirstCustomParam(option);
-    for (QWidget *widget : view->findChildren<QWidget *>()) {
-        if (!dynamic_cast<ParamViewInterface *>(widget) || !parameter)
+    const auto parameters = parametersOf(ppdFindCustomOption(m_shown.get(), row.plain->keyword));
+    size_t index = 0;
+    for (QWidget *widget : m_pane.findChild<PPDCustomView *>()->findChildren<QWidget *>()) {
+        if (!dynamic_cast<ParamViewInterface *>(widget))
             continue;
-        changeParameter(row, widget, *parameter);
-        parameter = ppdNextCustomParam(option);
+        if (index < parameters.size())
+            changeParameter(row, widget, *parameters[index]);
+        ++index;
     }
-    if (parameter)
-        fail(QStringLiteral("%1: the parameter %2 has no editor")
-                 .arg(nameOf(row), QString::fromUtf8(parameter->name)));
+    if (index != parameters.size())
+        fail(QStringLiteral("%1: %2 editors of %3 parameters")
+                 .arg(nameOf(row))
+                 .arg(index)
+                 .arg(parameters.size()));
 }
 
 void PpdCheck::changeParameter(const Row &row, QWidget *editor, const ppd_cparam_t &shown)

@@ -85,4 +85,6 @@ private:
     std::vector<ppd_option_t *> m_shownOptions;
     std::vector<ppd_option_t *> m_plainOptions;
     QStringList m_warnings;
+    /** The pane has told of a change since the last comparison. */
+    bool m_edited = false;
 };
