@@ -104,7 +104,8 @@ void PPDOptionView::customChanged()
     if (m_customView->isCustomSelected())
         row->setCustomValue(m_customView->customValue());
     emit optionChanged();
-    if (isPageSizeCustom(*row))
+    // Those who were told may have taken the row away.
+    if (m_item == row && isPageSizeCustom(*row))
         m_customPageSize = m_customView->customValue();
 }
 
@@ -213,13 +214,18 @@ PPDOptionView::Page PPDOptionView::showChoices(const PPDTree::OptionItem &row)
 {
     const QSignalBlocker blocker(m_choiceList);
     const ppd_option_t &option = *row.m_option;
+    // A row may show the choice of another option that has the same keyword.
+    int shown = -1;
     m_choiceList->clear();
-    for (int i = 0; i < option.num_choices; ++i)
+    for (int i = 0; i < option.num_choices; ++i) {
         m_choiceList->addItem(QString::fromUtf8(option.choices[i].text));
+        if (&option.choices[i] == row.m_choice)
+            shown = i;
+    }
     // With no choice shown, the view is told so: it would else make one current on getting focus.
     m_choiceList->setCurrentIndex({});
-    if (row.m_choice)
-        m_choiceList->setCurrentRow(static_cast<int>(row.m_choice - option.choices));
+    if (shown >= 0)
+        m_choiceList->setCurrentRow(shown);
     return ChoicePage;
 }
 

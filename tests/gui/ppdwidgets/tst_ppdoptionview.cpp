@@ -101,6 +101,7 @@ private slots:
     void choiceKeysMark();
     void choiceKeepsFocusAndScrolling();
     void undefinedChoiceStaysUndefined();
+    void choiceOfAnotherOption();
     void optionWithoutChoices();
     void customChoiceMarks();
     void customValueMarks_data();
@@ -109,6 +110,7 @@ private slots:
     void customPageSize();
     void customPageSizeInAnotherUnit();
     void pageSizeNotOffered();
+    void rowGoesWithTheChange();
     void realNumber();
     void integerNumber();
     void scaleStaysReal();
@@ -423,6 +425,18 @@ void TestPPDOptionView::undefinedChoiceStaysUndefined()
     QCOMPARE(pane.changed.count(), 1);
 }
 
+/** Of two options of one keyword, the library tells the first one's choice for both. */
+void TestPPDOptionView::choiceOfAnotherOption()
+{
+    Pane pane;
+    pane.row("Dozen")->setChoice(&pane.row("Unset")->m_option->choices[1]);
+    pane.select("Dozen");
+    QCOMPARE(pane.choices->count(), 12);
+    QCOMPARE(pane.choices->currentRow(), -1);
+    QTest::keyClick(pane.choices, Qt::Key_Down);
+    QCOMPARE(marked(pane.ppd, "Dozen"), u"C1"_s);
+}
+
 void TestPPDOptionView::optionWithoutChoices()
 {
     Pane pane;
@@ -556,6 +570,23 @@ void TestPPDOptionView::pageSizeNotOffered()
     QTest::keyClick(only<QListWidget>(*pane.custom), Qt::Key_End);
     QCOMPARE(pane.custom->customValue(), QString());
     QCOMPARE(marked(ppd, "PageSize"), u"A4"_s);
+}
+
+/** Whoever hears of the change may close the PPD that the row belongs to. */
+void TestPPDOptionView::rowGoesWithTheChange()
+{
+    Pane pane;
+    connect(&pane.tree, qOverload<QTreeWidgetItem *>(&PPDTreeView::selectionChanged), &pane.view,
+            &PPDOptionView::setOption);
+    pane.tree.setCurrentItem(pane.row("PageSize"));
+    connect(&pane.view, &PPDOptionView::optionChanged, &pane.tree, [&] {
+        pane.tree.setPPD(nullptr);
+        pane.ppd.reset();
+    });
+    QTest::keyClick(only<QListWidget>(*pane.custom), Qt::Key_End);
+    QVERIFY(!pane.ppd);
+    QCOMPARE(pane.view.customPageSize(), QString());
+    QCOMPARE(pane.view.title(), u"No option selected"_s);
 }
 
 void TestPPDOptionView::realNumber()
