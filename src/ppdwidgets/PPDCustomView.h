@@ -31,8 +31,8 @@ public:
     ~PPDCustomView() override;
 
     /**
-     * Shows the choices of `option` and the parameters of `coption`. Null empties the view. Both
-     * are only read, and only here.
+     * Shows the choices of `option` and the parameters of `coption`. A null option only takes the
+     * parameters away. Both are only read, and only here.
      */
     void setup(ppd_option_t *option, ppd_coption_t *coption);
     bool isCustomSelected() const;

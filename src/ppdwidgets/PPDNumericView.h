@@ -33,8 +33,8 @@ signals:
     void valueChanged(double value);
 
 private slots:
-    void sliderChanged(int position);
-    void editChanged(const QString &text);
+    virtual void sliderChanged(int position);
+    virtual void editChanged(const QString &text);
 
 private:
     int toPosition(double value) const;
