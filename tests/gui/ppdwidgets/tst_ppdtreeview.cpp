@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QHeaderView>
 #include <QMetaMethod>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,6 +28,7 @@ private slots:
     void groupsInReverseOrder();
     void optionsInOrder();
     void subgroupsComeBeforeOptions();
+    void subgroupsInOrder();
     void pageRegionIsLeftOut();
     void installGroup();
     void groupPictures();
@@ -162,6 +164,22 @@ void TestPPDTreeView::subgroupsComeBeforeOptions()
              QStringList({u"Innermost"_s, u"Collate: <On>"_s, u"Two Sides: <No>"_s}));
     QCOMPARE(textsBelow(groupRow(second, 0)), QStringList(u"Kind: <Plain>"_s));
     QVERIFY(view.m_dict.contains(u"Media"_s));
+}
+
+void TestPPDTreeView::subgroupsInOrder()
+{
+    const Cups::PpdPtr ppd = openMarked(officeDriver());
+    ppd_group_t subgroups[2] = {};
+    qstrncpy(subgroups[0].text, "First", sizeof subgroups[0].text);
+    qstrncpy(subgroups[1].text, "Second", sizeof subgroups[1].text);
+    ppd_group_t &extra = ppd->groups[1];
+    extra.num_subgroups = 2;
+    extra.subgroups = subgroups;
+    const auto without = qScopeGuard([&] { extra.num_subgroups = 0, extra.subgroups = nullptr; });
+    PPDTreeView view;
+    view.setPPD(ppd.get());
+    QCOMPARE(textsBelow(groupRow(view.m_root, 1)),
+             QStringList({u"First"_s, u"Second"_s, u"Marks: <Undefined>"_s}));
 }
 
 void TestPPDTreeView::pageRegionIsLeftOut()
