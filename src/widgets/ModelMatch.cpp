@@ -84,17 +84,17 @@ QString ModelMatch::key(const QString &text)
 qsizetype ModelMatch::score(const QString &modelKey, const QString &deviceKey)
 {
     const QString model = folded(modelKey);
-    const QString device = folded(deviceKey);
-    const qsizetype common = longestStart(device, model);
-    if (common == device.size())
-        return device.size();
-    const qsizetype prefix = device.indexOf(dash);
+    // More of the device's text than the model is long cannot be found there, nor need it be read.
+    const qsizetype common = longestStart(folded(deviceKey.left(model.size())), model);
+    if (common == deviceKey.size())
+        return deviceKey.size();
+    const qsizetype prefix = deviceKey.indexOf(dash);
     if (prefix < 0 || common < prefix)
         return 0;
 
     // The device's text is cut where the model has its dash, wherever its own may be.
     const qsizetype cut = model.indexOf(dash) + 1;
-    const qsizetype sum =
-        prefix + 1 + listedStart(device.sliced(std::min(cut, device.size())), model.sliced(cut));
+    const QString tail = model.sliced(cut);
+    const qsizetype sum = prefix + 1 + listedStart(folded(deviceKey.mid(cut, tail.size())), tail);
     return sum >= LeastScore ? sum : 0;
 }

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <ctime>
 #include <random>
 #include <sys/stat.h>
 #include <type_traits>
@@ -59,6 +60,15 @@ const QMap<int, QString> namesByWidth{{5, u"a"_s}, {6, u"b"_s},     {7, u"c"_s},
 QByteArray pictureOfWidth(int width)
 {
     return encoded(filled(width, 2, qRgba(255, 0, 0, 128)), "png");
+}
+
+/** Far more than is needed, also under a sanitizer; a search that is not linear takes hours. */
+constexpr double LongSeconds = 30;
+
+/** What this process has used; how busy the machine is does not count. */
+double processorSeconds()
+{
+    return double(std::clock()) / CLOCKS_PER_SEC;
 }
 
 QString indexText(int sections)
@@ -344,14 +354,14 @@ void TestPixmapManager::hostileIndex()
     QFETCH(QByteArray, text);
     write(u"pictures.ini"_s, text);
     const QByteArray name = "X-" + QByteArray(1000, 'A') + "-B";
-    QElapsedTimer timer;
-    timer.start();
+    const double start = processorSeconds();
     const PixmapManager catalogue(m_pictures);
-    const qint64 built = timer.restart();
+    const double built = processorSeconds();
     QCOMPARE(shown(catalogue, name.constData()), u"generic"_s);
-    qInfo("%lld ms to build, %lld ms to look up", built, timer.elapsed());
-    QVERIFY(built < 5000);
-    QVERIFY(timer.elapsed() < 5000);
+    const double found = processorSeconds();
+    qInfo("%.3f s to build, %.3f s to look up", built - start, found - built);
+    QVERIFY(built - start < LongSeconds);
+    QVERIFY(found - built < LongSeconds);
 }
 
 /** Always a usable picture, whatever a slip or a fault of a disk makes of an index. */
@@ -363,7 +373,7 @@ void TestPixmapManager::mutatedIndex()
     constexpr std::string_view special = "[]=\"\n\r;#/.-_ \0\xff";
     std::mt19937 random(1);
     int found = 0;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 400; ++i) {
         QByteArray text = good;
         for (auto changes = 1 + random() % 6; changes > 0; --changes) {
             const auto at = static_cast<qsizetype>(random() % static_cast<quint32>(text.size()));
@@ -390,8 +400,8 @@ void TestPixmapManager::mutatedIndex()
         const QString scanner = shown(catalogue, "Tarvel XQ-2010", 0, true);
         QVERIFY2(scanner != u"other"_s && !scanner.startsWith(u"above"), text.constData());
     }
-    QVERIFY(found > 100);
-    QVERIFY(found < 950);
+    QVERIFY(found > 40);
+    QVERIFY(found < 380);
 }
 
 void TestPixmapManager::manySections()
