@@ -7,6 +7,7 @@ import unittest
 
 from . import place, widgets
 from .desktop import Desktop
+from .properties import PropertiesDialog
 from .run import Run
 from .waiting import until
 
@@ -147,28 +148,20 @@ class PrintDialog:
         self.open_list().find("list item", name).click()
         until(lambda: self.destination == name, "the destination " + name)
 
-    def focused(self):
-        """The widget that has the keyboard, if any."""
-        for widget in self._window.descendants():
-            # The current entry of the closed list says that it has it, too.
-            if widget.role != "list item" and widget.has(widgets.FOCUSED):
-                return widget
-        return None
-
     def tab_to(self, widget):
         """Gives the widget the keyboard by the keyboard."""
-        first = before = until(self.focused, "the keyboard's place")
-        while not widget.has(widgets.FOCUSED):
-            widgets.press(self._case.desktop, "Tab")
-            until(lambda: self.focused() not in (None, before), "the next widget")
-            before = self.focused()
-            assert before != first, "the Tab key does not lead there"
+        self._window.tab_to(widget)
 
     def accept(self):
         self.button("OK").click()
 
     def cancel(self):
         self.button("Cancel").click()
+
+    def properties(self):
+        """Opens the properties dialog of the destination."""
+        self.button("Properties...").click()
+        return PropertiesDialog(self._case, self._run, self.destination)
 
     def start_printer(self):
         """Presses Start, and gives root's password where that is asked for."""

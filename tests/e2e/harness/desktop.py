@@ -123,6 +123,15 @@ class Desktop:
         return {"DISPLAY": self.display, "DBUS_SESSION_BUS_ADDRESS": self.bus_address,
                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
 
+    def pixels(self, extents):
+        """The colours on a part of the screen: left, top, width, height."""
+        left, top, width, height = extents
+        raw = subprocess.run(
+            ["import", "-window", "root", "-crop", "%dx%d+%d+%d" % (width, height, left, top),
+             "-depth", "8", "rgb:-"], check=True, stdin=subprocess.DEVNULL, capture_output=True,
+            env={"DISPLAY": self.display, "PATH": os.environ["PATH"]}).stdout
+        return set(zip(raw[0::3], raw[1::3], raw[2::3]))
+
     def stop(self):
         self._finder.stop()
         self.bus.close_sync(None)

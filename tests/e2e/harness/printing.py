@@ -4,7 +4,7 @@ import os
 import re
 import subprocess
 
-from . import place, server
+from . import expected, place, server
 from .case import DialogCase
 from .waiting import until
 
@@ -73,3 +73,48 @@ class PrintCase(DialogCase):
     def print(self, *arguments, work=None, given=None):
         self.assertEqual(self.accepted(*arguments, work=work, given=given).status, 0)
         return self.printed_job()
+
+
+class PropertiesCase(PrintCase):
+    """Cases that set a destination's options in the properties dialog, and print with them."""
+
+    #: What the dialog saves with nothing changed on its tabs.
+    ALWAYS = {"orientation-requested": "3", "columns": "1", "cpi": "10", "lpi": "6",
+              "scaling": "100"}
+
+    def open_properties(self, destination, content=pages_document(2), name="pages.ps", **settings):
+        """Opens the dialog of a destination whose options are not saved yet."""
+        # Not by lpoptions, which also changes the options of instances.
+        self.addCleanup(server.keep_saved_options())
+        self.saved_before = server.saved_options()
+        self.destination = destination
+        self.printing_run = self.start("-P", destination, self.file(name, content), **settings)
+        self.print_dialog = self.dialog(self.printing_run)
+        return self.print_dialog.properties()
+
+    def assert_saved(self, options):
+        """These options are saved and no others, and nothing of other destinations has changed."""
+        options = {**self.ALWAYS, **options}
+        self.assertEqual(server.saved_options(), {**self.saved_before, self.destination: {
+            name: value for name, value in options.items() if value is not None}})
+
+    def print_with(self, options):
+        """Accepts the print dialog; the job's number and attributes.
+
+        The client gets what is saved, these options among that.
+        """
+        wanted = expected.arguments(self.destination)
+        self.print_dialog.accept()
+        result = self.printing_run.finish()
+        self.assertEqual((result.status, result.errors), (0, ""))
+        given = self.client_arguments()
+        self.assertEqual(given[:-1], wanted)
+        words = re.split(r"(?<!\\) ", given[-2])
+        for name, value in options.items():
+            self.assertIn("%s=%s" % (name, expected.escaped(value)), words)
+        return self.printed_job()
+
+    def assert_feature(self, number, feature, code):
+        """The printed file has an option's code."""
+        self.assertIn("%%%%BeginFeature: *%s\n%s\n" % (feature, code),
+                      self.printed(number).decode())

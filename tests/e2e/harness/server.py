@@ -3,6 +3,7 @@
 import os
 import plistlib
 import re
+import shlex
 import signal
 import subprocess
 import urllib.parse
@@ -23,6 +24,7 @@ _JOB_TEST = """{
     STATUS successful-ok
 }
 """
+_SAVED = os.path.expanduser("~/.cups/lpoptions")
 _ETC = place.WORLD + "/etc/cups/"
 
 
@@ -71,6 +73,27 @@ def options(destination):
     found = re.findall(r"(\S+?)=(?:'(.*?)'|(\S*))(?: |$)",
                        command("lpoptions", "-p", destination).rstrip("\n"))
     return {name: quoted or plain for name, quoted, plain in found}
+
+
+def _saved_lines():
+    with open(_SAVED) as file:
+        return file.read().splitlines()
+
+
+def keep_saved_options():
+    """What brings the user's saved options back as they are now."""
+    lines = _saved_lines()
+
+    def restore():
+        with open(_SAVED, "w") as file:
+            file.writelines(line + "\n" for line in lines)
+    return restore
+
+
+def saved_options():
+    """The user's own options by destination, as they lie in the file of saved options."""
+    lines = [shlex.split(line) for line in _saved_lines()]
+    return {words[1]: dict(word.partition("=")[::2] for word in words[2:]) for words in lines}
 
 
 def job_attributes(number):

@@ -5,7 +5,7 @@ import subprocess
 
 from gi.repository import Gio, GLib
 
-from .waiting import until
+from .waiting import LIMIT, until
 
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 _COMPONENT = "org.a11y.atspi.Component"
@@ -14,8 +14,10 @@ _VALUE = "org.a11y.atspi.Value"
 _PROPERTIES = "org.freedesktop.DBus.Properties"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ANSWER_LIMIT_MS = 10000
+_LABELLED_BY = 2
+_ENTRIES = ("list item", "tree item")
 
-ACTIVE, CHECKED, ENABLED, FOCUSED, SHOWING = 1, 4, 8, 12, 25
+ACTIVE, CHECKED, ENABLED, FOCUSED, SELECTED, SHOWING = 1, 4, 8, 12, 23, 25
 
 
 class Gone(Exception):
@@ -91,29 +93,76 @@ class Widget:
             yield child
             yield from child.descendants()
 
-    def _matches(self, role, name, description):
-        return (self.role == role and name in (None, self.name)
+    def focused(self):
+        """The widget below this one that has the keyboard, if any."""
+        for widget in self.descendants():
+            # The current entry of a list says that it has it, too.
+            if widget.role not in _ENTRIES and widget.has(FOCUSED):
+                return widget
+        return None
+
+    def tab_to(self, widget):
+        """Gives a widget below this one the keyboard by the keyboard."""
+        first = before = until(self.focused, "the keyboard's place")
+        while not widget.has(FOCUSED):
+            press(self._desktop, "Tab")
+            until(lambda: self.focused() not in (None, before), "the next widget")
+            before = self.focused()
+            assert before != first, "the Tab key does not lead there"
+
+    def _matches(self, roles, name, description):
+        return (self.role in roles and name in (None, self.name)
                 and description in (None, self.description))
 
     def find(self, role, name=None, description=None):
         """The visible descendant of this role, name and description."""
+        return self.find_any((role,), name, description)
+
+    def find_any(self, roles, name=None, description=None):
+        """The same with one of several roles."""
         def look():
             for widget in self.descendants():
                 try:
-                    if widget._matches(role, name, description) and widget.has(SHOWING):
+                    if widget._matches(roles, name, description) and widget.has(SHOWING):
                         return widget
                 except Gone:
                     pass
             return None
-        return until(look, "the %s %s" % (role, name or description or ""))
+        return until(look, "the %s %s" % (" or ".join(roles), name or description or ""))
 
-    def wait_for(self, state, wanted=True):
-        until(lambda: self.has(state) == wanted, "state %d of a widget" % state)
+    def wait_for(self, state, wanted=True, limit=LIMIT):
+        until(lambda: self.has(state) == wanted, "state %d of a widget" % state, limit)
+
+    def label(self):
+        """The text of the label that belongs to it, if there is one."""
+        for kind, targets in self._call(_ACCESSIBLE, "GetRelationSet")[0]:
+            if kind == _LABELLED_BY:
+                return Widget(self._desktop, *targets[0]).name
+        return None
+
+    def extents(self):
+        """Left, top, width and height on the screen."""
+        return self._call(_COMPONENT, "GetExtents", GLib.Variant("(u)", (0,)))[0]
 
     def centre(self):
-        left, top, width, height = self._call(
-            _COMPONENT, "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        left, top, width, height = self.extents()
         return left + width // 2, top + height // 2
+
+    def _is_within(self, view):
+        """Whether its middle line is to be seen in the view that scrolls it."""
+        top, height = view.extents()[1::2]
+        return top < self.centre()[1] < top + height
+
+    def scroll_to(self, view):
+        """Turns the mouse's wheel over the view until this item of it can be clicked."""
+        def turn():
+            if self._is_within(view):
+                return True
+            button = "4" if self.centre()[1] < view.centre()[1] else "5"
+            left, top = view.centre()
+            self._desktop_user("mousemove", str(left), str(top), "click", button)
+            return False
+        until(turn, "%r to be scrolled to" % self.name)
 
     def click(self):
         """Presses and releases the left mouse button on it."""
@@ -122,8 +171,7 @@ class Widget:
 
     def click_left_end(self):
         """The same on its left end, where a check box or radio button has its mark."""
-        left, top, _, height = self._call(
-            _COMPONENT, "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        left, top, _, height = self.extents()
         self._desktop_user("mousemove", str(left + 8), str(top + height // 2), "click", "1")
 
     def _desktop_user(self, *words):
@@ -138,14 +186,23 @@ class Widget:
         self.click_left_end()
         self.wait_for(CHECKED, False)
 
-    def write(self, text):
-        """Replaces the text of an edit field by typing."""
+    def write(self, text, shown=()):
+        """Replaces the text of a field by typing; then it shows one of `shown`, or that very text."""
         self.click()
         self.wait_for(FOCUSED)
         user(self._desktop, "key", "ctrl+a", "key", "Delete")
         if text:
             user(self._desktop, "type", "--delay", "1", "--", text)
-        until(lambda: self.text == text, "the typed text %r" % text)
+        until(lambda: self.text in (shown or (text,)) or self._hides(len(text)),
+              "the typed text %r" % text)
+
+    def _hides(self, count):
+        """Whether it is a field that hides what is typed, with so many signs in it."""
+        return count > 0 and not self.text and self._property(_TEXT, "CaretOffset") == count
+
+
+#: The roles of fields that are typed into.
+FIELDS = ("spin box", "text", "password text")
 
 
 def user(desktop, *words):
