@@ -1,0 +1,1 @@
+// Empty: the target that holds the precompiled header needs a source.
