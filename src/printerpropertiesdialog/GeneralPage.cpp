@@ -212,7 +212,7 @@ void GeneralPage::followDriver(const PrinterOptions &options)
 
 void GeneralPage::refreshPictures()
 {
-    ui.OrientationPixmap->setPixmap(picture(PaperLayout::orientationPicture(orientation())));
-    ui.DuplexPixmap->setPixmap(picture(PaperLayout::duplexPicture(m_duplexButtons->checkedId())));
-    ui.NUpPixmap->setPixmap(picture(PaperLayout::numberUpPicture(m_nupButtons->checkedId())));
+    showPicture(ui.OrientationPixmap, PaperLayout::orientationPicture(orientation()));
+    showPicture(ui.DuplexPixmap, PaperLayout::duplexPicture(m_duplexButtons->checkedId()));
+    showPicture(ui.NUpPixmap, PaperLayout::numberUpPicture(m_nupButtons->checkedId()));
 }

@@ -2,6 +2,7 @@
 
 #include "ColorTransform.h"
 #include "ImagePosition.h"
+#include "Picture.h"
 #include "PrinterOptions.h"
 #include "PropertyOptions.h"
 #include "ui_PrinterPropertiesDialogBase.h"
@@ -42,8 +43,10 @@ GraphicsPage::GraphicsPage(Ui::PrinterPropertiesDialogBase &form, QObject *dialo
                   ui.ResolutionSpinBox},
                  {Option::scaling, PrinterOptions::defaultScaling, ui.PercentLabel,
                   ui.ScalingSlider, ui.ScalingSpinBox}}}
-    , m_sampleImage(ui.SampleImagePixmap->pixmap().toImage())
+    , m_sampleImage(picture(QStringLiteral("sample.png"), ui.SampleImagePixmap).toImage())
 {
+    showPicture(ui.frameImagePosition, QStringLiteral("position_page.png"));
+    showPicture(ui.framePositionedImage, QStringLiteral("positioned_image.png"));
     auto group = new QButtonGroup(dialog);
     group->setObjectName(QStringLiteral("imageSizeButtons"));
     group->addButton(ui.ResolutionCheckBox);

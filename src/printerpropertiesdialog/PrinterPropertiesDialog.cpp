@@ -26,6 +26,38 @@ namespace
 constexpr char helpTopic[] = "VESKDestinationProperties.htm";
 constexpr QLatin1StringView namePlaceholder("%s");
 
+constexpr char customChoice[] = "Custom";
+
+bool isCustomPaper(ppd_file_t *ppd)
+{
+    const ppd_choice_t *marked = ppd ? ppdFindMarkedChoice(ppd, Option::pageSize.data()) : nullptr;
+    return marked && ppd->variable_sizes && qstrcmp(marked->choice, customChoice) == 0;
+}
+
+/** The marked paper's width and length in points; nothing without a driver. */
+QSizeF markedPaper(ppd_file_t *ppd)
+{
+    const ppd_size_t *size = ppd ? ppdPageSize(ppd, nullptr) : nullptr;
+    return size ? QSizeF(size->width, size->length) : QSizeF();
+}
+
+/** The choice of a custom paper of this size, as nearly as the driver allows. */
+QString customPaper(const ppd_file_t *ppd, QSizeF size)
+{
+    const QSizeF least(ppd->custom_min[0], ppd->custom_min[1]);
+    const QSizeF most(ppd->custom_max[0], ppd->custom_max[1]);
+    const QSizeF allowed = size.expandedTo(least).boundedTo(most);
+    return QStringLiteral("Custom.%1x%2pt").arg(allowed.width()).arg(allowed.height());
+}
+
+/** Puts the label's text where the layout begins; by itself it goes by the direction of the text.
+ */
+void alignWithLayout(QLabel *label)
+{
+    label->setAlignment(QStyle::visualAlignment(label->layoutDirection(), Qt::AlignLeft) |
+                        Qt::AlignAbsolute | Qt::AlignVCenter);
+}
+
 bool isKnown(const QString &destination)
 {
     const QByteArray name = destination.section(u'/', 0, 0).toLocal8Bit();
@@ -44,6 +76,8 @@ PrinterPropertiesDialog::PrinterPropertiesDialog(const QString &destination,
 {
     registerPictures();
     ui->setupUi(this);
+    alignWithLayout(ui->TextLabel2_3);
+    alignWithLayout(ui->TextLabel1_3);
     m_general.emplace(*ui, this);
     m_text.emplace(*ui, this);
     m_graphics.emplace(*ui, this);
@@ -203,9 +237,20 @@ void PrinterPropertiesDialog::choosePaper(const QString &sizeText)
     m_text->storeMargins();
     m_text->setPaper(sizeText);
     RefreshMargins();
+    const QSizeF before = markedPaper(m_options.ppd());
     m_options.setValueAsText(Option::pageSize, sizeText);
+    if (isCustomPaper(m_options.ppd()))
+        chooseCustomPaper(before);
     driverOptionsSet();
     m_pluginPages->update(m_options);
+}
+
+/** A custom paper has no size until one is given: the last one, or the paper's there was before. */
+void PrinterPropertiesDialog::chooseCustomPaper(QSizeF before)
+{
+    const QString last = ui->ppdOptionView->customPageSize();
+    m_options.setOption(Option::pageSize,
+                        last.isEmpty() ? customPaper(m_options.ppd(), before) : last);
 }
 
 void PrinterPropertiesDialog::chooseUnit()

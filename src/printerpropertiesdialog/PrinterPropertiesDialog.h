@@ -7,6 +7,7 @@
 #include "TextPage.h"
 
 #include <QDialog>
+#include <QSizeF>
 
 #include <functional>
 #include <memory>
@@ -72,6 +73,7 @@ private:
     void connectGraphics();
     void connectAdvanced();
     void choosePaper(const QString &sizeText);
+    void chooseCustomPaper(QSizeF before);
     void chooseUnit();
     void turnPage();
     void chooseDuplex();

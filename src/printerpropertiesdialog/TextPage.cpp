@@ -178,7 +178,7 @@ void TextPage::applyUnit()
 void TextPage::refreshPictures()
 {
     const QString columns = QStringLiteral("columns%1.png");
-    ui.ColumnsPixmap->setPixmap(picture(columns.arg(ui.ColumnsSpinBox->value())));
-    ui.PrettyPixmap->setPixmap(
-        picture(ui.PrettyCheckBox->isChecked() ? QStringLiteral("pretty.png") : columns.arg(1)));
+    showPicture(ui.ColumnsPixmap, columns.arg(ui.ColumnsSpinBox->value()));
+    showPicture(ui.PrettyPixmap,
+                ui.PrettyCheckBox->isChecked() ? QStringLiteral("pretty.png") : columns.arg(1));
 }

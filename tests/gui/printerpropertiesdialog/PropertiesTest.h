@@ -130,7 +130,8 @@ inline QString shown(const PrinterPropertiesDialog &dialog, const QString &what)
 inline bool showsPicture(const PrinterPropertiesDialog &dialog, const char *label,
                          const QString &file)
 {
-    const QPixmap expected(QStringLiteral(":/printerpropertiesdialog/images/") + file);
+    const QString path = QStringLiteral(":/printerpropertiesdialog/images/") + file;
+    const QPixmap expected = QIcon(path).pixmap(QPixmap(path).size(), dialog.devicePixelRatio());
     const QPixmap pixmap = child<QLabel>(dialog, label)->pixmap();
     return !expected.isNull() && pixmap.toImage() == expected.toImage();
 }

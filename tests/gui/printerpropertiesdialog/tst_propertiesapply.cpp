@@ -29,6 +29,8 @@ private slots:
     void okAppliesAndCloses();
     void savedDuplexBecomesSides();
     void driverOptionsAreSaved();
+    void customPaperHasASize_data();
+    void customPaperHasASize();
     void instanceIsSavedApart();
     void classIsSaved();
     void unknownBannerIsKept();
@@ -329,6 +331,29 @@ void TestPropertiesApply::driverOptionsAreSaved()
     setDriverOption(*dialog, "ColorModel", "CMYK");
     QVERIFY(!apply(*dialog));
     QVERIFY(!savedOptions(u"Laser"_s).contains(u"ColorModel"_s));
+}
+
+void TestPropertiesApply::customPaperHasASize_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("saved");
+    QTest::newRow("of the paper before") << "PageSize=A4"
+                                         << "Custom.595x842pt";
+    QTest::newRow("the custom paper again") << "PageSize=Custom.300x400"
+                                            << "Custom.300x400pt";
+}
+
+void TestPropertiesApply::customPaperHasASize()
+{
+    QFETCH(QString, before);
+    auto dialog = open(u"Photo"_s, {before});
+    const auto combo = child<QComboBox>(*dialog, "SizeCombo");
+    choose(combo, combo->count() - 1);
+    dialog->ApplyChanges();
+    QTEST(savedOptions(u"Photo"_s).value(u"PageSize"_s), "saved");
+    const int custom = combo->currentIndex();
+    dialog = open(u"Photo"_s);
+    QCOMPARE(child<QComboBox>(*dialog, "SizeCombo")->currentIndex(), custom);
 }
 
 void TestPropertiesApply::instanceIsSavedApart()
