@@ -11,6 +11,8 @@
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QResizeEvent>
+#include <QTimer>
 
 /** Outside of any namespace, as the macro wants it. */
 static void registerPictures()
@@ -169,6 +171,7 @@ void PrinterPropertiesDialog::connectAdvanced()
 {
     connect(ui->ppdTreeView, qOverload<QTreeWidgetItem *>(&PPDTreeView::selectionChanged),
             ui->ppdOptionView, &PPDOptionView::setOption);
+    ui->ppdTreeView->viewport()->installEventFilter(this);
     connect(ui->ppdOptionView, &PPDOptionView::optionChanged, ui->ppdTreeView,
             &PPDTreeView::checkConstraints);
     connect(ui->ppdOptionView, &PPDOptionView::optionChanged, this,
@@ -301,6 +304,18 @@ void PrinterPropertiesDialog::followDriver()
     m_text->setPaper(ui->SizeCombo->currentText());
     RefreshMargins();
     m_pluginPages->update(m_options);
+}
+
+/** The editor of a row may take some of the tree's height: then the row stays in sight. */
+bool PrinterPropertiesDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    PPDTreeView *tree = ui->ppdTreeView;
+    if (event->type() == QEvent::Resize && watched == tree->viewport() && tree->currentItem()) {
+        const QRect before(QPoint(), static_cast<QResizeEvent *>(event)->oldSize());
+        if (before.intersects(tree->visualItemRect(tree->currentItem())))
+            QTimer::singleShot(0, tree, [tree] { tree->scrollToItem(tree->currentItem()); });
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 /** Has the tree show what the dialog has set in the PPD, and the pane what the tree shows. */

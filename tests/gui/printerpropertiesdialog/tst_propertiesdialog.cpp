@@ -42,6 +42,7 @@ private slots:
     void paperIsMarkedAtOnce();
     void treeFollowsThePaper();
     void paneFollowsThePaper();
+    void selectedRowStaysInSight();
     void generalFollowsTheDriver();
     void choosingThePaperThatWasThereFirst();
 
@@ -536,6 +537,22 @@ void TestPropertiesDialog::paneFollowsThePaper()
     work(*dialog, u"SizeCombo=US Letter"_s);
     turnTo(child<PPDTreeView>(*dialog, "ppdTreeView"));
     QCOMPARE(choiceList(*dialog)->currentItem()->text(), u"US Letter"_s);
+}
+
+/** The editor of a custom paper is higher than the one before it. */
+void TestPropertiesDialog::selectedRowStaysInSight()
+{
+    const auto dialog = open(u"Photo"_s);
+    const auto tree = child<PPDTreeView>(*dialog, "ppdTreeView");
+    turnTo(tree);
+    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    const int height = tree->height();
+    selectRow(*dialog, "PageSize");
+    QTRY_VERIFY(tree->height() < height);
+    QTRY_VERIFY2(
+        tree->visualItemRect(tree->currentItem()).bottom() <= tree->viewport()->height(),
+        qPrintable(u"row ends at %1 of %2"_s.arg(tree->visualItemRect(tree->currentItem()).bottom())
+                       .arg(tree->viewport()->height())));
 }
 
 void TestPropertiesDialog::generalFollowsTheDriver()
