@@ -1,7 +1,6 @@
 #include "DevicePicture.h"
 #include "DialogTest.h"
-#include "LongTexts.h"
-#include "Looks.h"
+#include "Look.h"
 #include "PrintDialog.h"
 
 #include <QComboBox>
@@ -33,32 +32,6 @@ private slots:
 
 namespace
 {
-/** A changed look, for as long as it lives. */
-class Look
-{
-public:
-    Look(bool dark, bool mirrored, bool wordy)
-    {
-        if (dark)
-            QApplication::setPalette(Looks::darkPalette());
-        if (mirrored)
-            QApplication::setLayoutDirection(Qt::RightToLeft);
-        if (wordy)
-            QCoreApplication::installTranslator(&m_longTexts);
-    }
-    ~Look()
-    {
-        QApplication::setPalette(QPalette());
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-        QCoreApplication::removeTranslator(&m_longTexts);
-    }
-    Look(const Look &) = delete;
-    Look &operator=(const Look &) = delete;
-
-private:
-    LongTexts m_longTexts;
-};
-
 /** With the pictures of devices that the program shows. */
 PrintDialogServices services()
 {
@@ -79,21 +52,6 @@ QList<QWidget *> leaves(const PrintDialog &dialog)
             result.append(widget);
     }
     return result;
-}
-
-QRect areaOf(const QWidget *widget)
-{
-    return {widget->mapTo(widget->window(), QPoint()), widget->size()};
-}
-
-/** Whether all that the widget has to show fits into it. */
-bool hasRoom(const QWidget *widget)
-{
-    const auto label = qobject_cast<const QLabel *>(widget);
-    if (label && label->wordWrap())
-        return label->height() >= label->heightForWidth(label->width());
-    const QSize needed = widget->minimumSizeHint();
-    return widget->width() >= needed.width() && widget->height() >= needed.height();
 }
 
 void verifyLayout(const PrintDialog &dialog)

@@ -1,5 +1,4 @@
-#include "LongTexts.h"
-#include "Looks.h"
+#include "Look.h"
 #include "PropertiesTest.h"
 
 #include <QStyleFactory>
@@ -25,32 +24,6 @@ private slots:
 
 namespace
 {
-/** A changed look, for as long as it lives. */
-class Look
-{
-public:
-    Look(bool dark, bool mirrored, bool wordy)
-    {
-        if (dark)
-            QApplication::setPalette(Looks::darkPalette());
-        if (mirrored)
-            QApplication::setLayoutDirection(Qt::RightToLeft);
-        if (wordy)
-            QCoreApplication::installTranslator(&m_longTexts);
-    }
-    ~Look()
-    {
-        QApplication::setPalette(QPalette());
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-        QCoreApplication::removeTranslator(&m_longTexts);
-    }
-    Look(const Look &) = delete;
-    Look &operator=(const Look &) = delete;
-
-private:
-    LongTexts m_longTexts;
-};
-
 /** The widgets of the form in sight that show something themselves. */
 QList<QWidget *> leaves(const PrinterPropertiesDialog &dialog)
 {
@@ -67,21 +40,6 @@ QList<QWidget *> leaves(const PrinterPropertiesDialog &dialog)
     for (const char *name : {"HelpButton", "ApplyButton", "OkButton", "CancelButton"})
         result.append(child<QWidget>(dialog, name));
     return result;
-}
-
-QRect areaOf(const QWidget *widget)
-{
-    return {widget->mapTo(widget->window(), QPoint()), widget->size()};
-}
-
-/** Whether all that the widget has to show fits into it. */
-bool hasRoom(const QWidget *widget)
-{
-    const auto label = qobject_cast<const QLabel *>(widget);
-    if (label && label->wordWrap())
-        return label->height() >= label->heightForWidth(label->width());
-    const QSize needed = widget->minimumSizeHint();
-    return widget->width() >= needed.width() && widget->height() >= needed.height();
 }
 
 void verifyTab(const PrinterPropertiesDialog &dialog)

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "LongTexts.h"
+#include "Looks.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QRect>
+
+/** A changed look, for as long as it lives. */
+class Look
+{
+public:
+    Look(bool dark, bool mirrored, bool wordy)
+    {
+        if (dark)
+            QApplication::setPalette(Looks::darkPalette());
+        if (mirrored)
+            QApplication::setLayoutDirection(Qt::RightToLeft);
+        if (wordy)
+            QCoreApplication::installTranslator(&m_longTexts);
+    }
+    ~Look()
+    {
+        QApplication::setPalette(QPalette());
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QCoreApplication::removeTranslator(&m_longTexts);
+    }
+    Look(const Look &) = delete;
+    Look &operator=(const Look &) = delete;
+
+private:
+    LongTexts m_longTexts;
+};
+
+/** Where the widget lies in its window. */
+inline QRect areaOf(const QWidget *widget)
+{
+    return {widget->mapTo(widget->window(), QPoint()), widget->size()};
+}
+
+/** Whether all that the widget has to show fits into it. */
+inline bool hasRoom(const QWidget *widget)
+{
+    const auto label = qobject_cast<const QLabel *>(widget);
+    if (label && label->wordWrap())
+        return label->height() >= label->heightForWidth(label->width());
+    const QSize needed = widget->minimumSizeHint();
+    return widget->width() >= needed.width() && widget->height() >= needed.height();
+}
