@@ -73,9 +73,12 @@ class PropertiesDialog:
         self.press("Tab")
         until(lambda: field.text == shown, "%r in the field %s" % (shown, name))
 
+    def slider(self, name):
+        return self.page.find("slider", name)
+
     def move_slider(self, name, *keys):
         """Takes a slider that stands in its middle with the mouse, and presses the keys."""
-        slider = self.page.find("slider", name)
+        slider = self.slider(name)
         slider.click()
         slider.wait_for(widgets.FOCUSED)
         self.press(*keys)
