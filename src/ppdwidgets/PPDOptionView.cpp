@@ -50,6 +50,12 @@ PPDTree::NumericalItem *numerical(PPDTree::BaseItem *item)
                                                  : nullptr;
 }
 
+/** Parts of a widget send Tab to it. */
+bool isTabStop(const QWidget &widget)
+{
+    return (widget.focusPolicy() & Qt::TabFocus) && !widget.focusProxy();
+}
+
 bool isPageSizeCustom(const PPDTree::OptionItem &row)
 {
     return row.m_choice && std::strcmp(row.m_option->keyword, pageSize) == 0 &&
@@ -79,6 +85,12 @@ QString PPDOptionView::title() const
     return EditorText::literalOf(QGroupBox::title());
 }
 
+void PPDOptionView::setTabPredecessor(QWidget *widget)
+{
+    m_tabPredecessor = widget;
+    orderTabs();
+}
+
 QSize PPDOptionView::minimumSizeHint() const
 {
     return {QWidget::minimumSizeHint().width(), QGroupBox::minimumSizeHint().height()};
@@ -93,6 +105,7 @@ void PPDOptionView::setOption(QTreeWidgetItem *item)
     m_choiceList->setAccessibleName(shown.title);
     m_stack->setCurrentIndex(shown.page);
     centreChoices();
+    orderTabs();
 }
 
 void PPDOptionView::customChanged()
@@ -134,6 +147,7 @@ void PPDOptionView::showEvent(QShowEvent *event)
 {
     QGroupBox::showEvent(event);
     centreChoices();
+    orderTabs();
 }
 
 void PPDOptionView::addPages()
@@ -234,4 +248,19 @@ void PPDOptionView::centreChoices()
     if (QListWidgetItem *current = m_choiceList->currentItem())
         m_choiceList->scrollToItem(current, QAbstractItemView::PositionAtCenter);
     m_customView->scrollToCurrent();
+}
+
+/** Again and again, as some editors are made later than what follows in the window. */
+void PPDOptionView::orderTabs()
+{
+    QWidget *previous = m_tabPredecessor;
+    if (!previous || previous->window() != window())
+        return;
+    QWidget *page = m_stack->currentWidget();
+    for (QWidget *editor : QList<QWidget *>{page} + page->findChildren<QWidget *>()) {
+        if (!isTabStop(*editor) || editor->window() != window())
+            continue;
+        setTabOrder(previous, editor);
+        previous = editor;
+    }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QPointer>
 #include <QString>
 
 class PPDBooleanView;
@@ -31,6 +32,8 @@ public:
     QString title() const;
     /** The last custom page size that was chosen here. */
     QString customPageSize() const { return m_customPageSize; }
+    /** Has Tab lead from `widget`, in the same window, to the editors of the option. */
+    void setTabPredecessor(QWidget *widget);
     QSize sizeHint() const override { return {200, 120}; }
     /** Of the editors alone: a long title is cut short rather than the rest of the window. */
     QSize minimumSizeHint() const override;
@@ -70,6 +73,7 @@ private:
     Page showPickOne(const PPDTree::OptionItem &row);
     Page showChoices(const PPDTree::OptionItem &row);
     void centreChoices();
+    void orderTabs();
 
     QStackedWidget *m_stack;
     QWidget *m_emptyPage;
@@ -77,6 +81,7 @@ private:
     QListWidget *m_choiceList;
     PPDNumericView *m_numericView;
     PPDCustomView *m_customView;
+    QPointer<QWidget> m_tabPredecessor;
     PPDTree::BaseItem *m_item = nullptr;
     bool m_installEnabled = false;
     QString m_customPageSize;

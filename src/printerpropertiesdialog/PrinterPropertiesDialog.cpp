@@ -80,6 +80,7 @@ PrinterPropertiesDialog::PrinterPropertiesDialog(const QString &destination,
     ui->setupUi(this);
     alignWithLayout(ui->TextLabel2_3);
     alignWithLayout(ui->TextLabel1_3);
+    ui->ppdOptionView->setTabPredecessor(ui->ppdTreeView);
     m_general.emplace(*ui, this);
     m_text.emplace(*ui, this);
     m_graphics.emplace(*ui, this);

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -107,6 +108,7 @@ private slots:
     void customValueMarks_data();
     void customValueMarks();
     void customKeepsFocusWhileTyping();
+    void tabLeadsThroughTheEditors();
     void customPageSize();
     void customPageSizeInAnotherUnit();
     void pageSizeNotOffered();
@@ -520,6 +522,42 @@ void TestPPDOptionView::customKeepsFocusWhileTyping()
     QCOMPARE(edit->cursorPosition(), 3);
     QCOMPARE(QByteArray(param(pane.ppd, "AString", "String").current.custom_string),
              QByteArray("abc"));
+}
+
+void TestPPDOptionView::tabLeadsThroughTheEditors()
+{
+    QWidget window;
+    Pane pane;
+    auto *before = new QPushButton(&window);
+    auto *after = new QPushButton(&window);
+    after->setObjectName(u"after"_s);
+    auto *layout = new QVBoxLayout(&window);
+    for (QWidget *widget : std::initializer_list<QWidget *>{before, &pane.view, after})
+        layout->addWidget(widget);
+    QWidget::setTabOrder(before, after);
+    pane.view.setTabPredecessor(before);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+
+    const auto visited = [before] {
+        before->setFocus();
+        QStringList names;
+        while (names.size() < 9 && !names.contains(u"after"_s)) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            names.append(QApplication::focusWidget()->objectName());
+        }
+        return names.join(u' ');
+    };
+    pane.choices->setObjectName(u"choices"_s);
+    pane.select("Dozen");
+    QCOMPARE(visited(), u"choices after"_s);
+    pane.select("PageSize");
+    QTest::keyClick(only<QListWidget>(*pane.custom), Qt::Key_End);
+    QCOMPARE(visited(),
+             u"m_valuesListWidget m_widthSpinBox m_heightSpinBox m_unitsComboBox after"_s);
+    pane.select("Dozen");
+    QCOMPARE(visited(), u"choices after"_s);
+    pane.view.setParent(nullptr);
 }
 
 void TestPPDOptionView::customPageSize()
