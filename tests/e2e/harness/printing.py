@@ -6,6 +6,7 @@ import subprocess
 
 from . import expected, place, server
 from .case import DialogCase
+from .properties import PropertiesDialog
 from .waiting import until
 
 _ABORTED, _COMPLETED = 8, 9
@@ -84,13 +85,21 @@ class PropertiesCase(PrintCase):
 
     def open_properties(self, destination, content=pages_document(2), name="pages.ps", **settings):
         """Opens the dialog of a destination whose options are not saved yet."""
+        self.start_printing(destination, content, name, **settings)
+        return self.print_dialog.properties()
+
+    def start_printing(self, destination, content=pages_document(2), name="pages.ps", **settings):
+        """Opens the print dialog of the destination."""
         # Not by lpoptions, which also changes the options of instances.
         self.addCleanup(server.keep_saved_options())
         self.saved_before = server.saved_options()
         self.destination = destination
         self.printing_run = self.start("-P", destination, self.file(name, content), **settings)
         self.print_dialog = self.dialog(self.printing_run)
-        return self.print_dialog.properties()
+
+    def properties_dialog(self):
+        """The properties dialog that has been opened."""
+        return PropertiesDialog(self, self.printing_run, self.destination)
 
     def assert_saved(self, options):
         """These options are saved and no others, and nothing of other destinations has changed."""

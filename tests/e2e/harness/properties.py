@@ -18,19 +18,19 @@ class PropertiesDialog:
         self.title = "'%s' Properties" % destination
         self.window = case.window(run, self.title)
         self._pages = self.window.find("layered pane")
-        self._tabs = self.window.find("page tab list")
+        #: The bar of the tabs. It is called like the one in front.
+        self.bar = self.window.find("page tab list")
 
     def tabs(self):
-        return [tab.name for tab in self._tabs.children() if tab.role == "page tab"]
+        return [tab.name for tab in self.bar.children() if tab.role == "page tab"]
 
     def show(self, name):
         """Brings a tab to the front."""
-        self._tabs.find("page tab", name).click()
+        self.bar.find("page tab", name).click()
         self.wait_for_tab(name)
 
     def wait_for_tab(self, name):
-        # The bar of tabs is called like the one in front.
-        until(lambda: self._tabs.name == name, "the tab " + name)
+        until(lambda: self.bar.name == name, "the tab " + name)
 
     @property
     def page(self):
@@ -88,13 +88,13 @@ class PropertiesDialog:
         widgets.press(self._case.desktop, *keys)
 
     @property
-    def rows(self):
-        """What stands in the rows of the driver's options, from the top."""
-        return [row.name for row in self.tree.children() if row.role == "tree item"]
-
-    @property
     def tree(self):
         return self.page.find("tree")
+
+    def selected_row(self):
+        """The text of the row that is selected, if there is one."""
+        return next((row.name for row in self.tree.children()
+                     if row.role == "tree item" and row.has(widgets.SELECTED)), None)
 
     def row(self, option):
         """The row of an option of the driver."""
@@ -155,4 +155,7 @@ class PropertiesDialog:
     def close(self, button):
         """Presses a button that ends the dialog."""
         self.button(button).click()
+        self.wait_for_end()
+
+    def wait_for_end(self):
         until(lambda: not self.is_open(), "the end of the properties dialog")

@@ -15,7 +15,8 @@ _PROPERTIES = "org.freedesktop.DBus.Properties"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _ANSWER_LIMIT_MS = 10000
 _LABELLED_BY = 2
-_ENTRIES = ("list item", "tree item")
+#: They say that they have the keyboard while something else has it, or a part of them.
+_NOT_FOCUSED = ("list item", "tree item", "page tab", "filler")
 
 ACTIVE, CHECKED, ENABLED, FOCUSED, SELECTED, SHOWING = 1, 4, 8, 12, 23, 25
 
@@ -93,11 +94,16 @@ class Widget:
             yield child
             yield from child.descendants()
 
+    def _shown_descendants(self):
+        for child in self.children():
+            if child.is_there():
+                yield child
+                yield from child._shown_descendants()
+
     def focused(self):
         """The widget below this one that has the keyboard, if any."""
-        for widget in self.descendants():
-            # The current entry of a list says that it has it, too.
-            if widget.role not in _ENTRIES and widget.has(FOCUSED):
+        for widget in self._shown_descendants():
+            if widget.role not in _NOT_FOCUSED and widget.has(FOCUSED):
                 return widget
         return None
 
