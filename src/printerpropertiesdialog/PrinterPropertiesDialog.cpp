@@ -94,6 +94,7 @@ PrinterPropertiesDialog::PrinterPropertiesDialog(const QString &destination,
     loadControls();
     m_pluginPages = new PluginPages(ui->TabControl);
     m_pluginPages->addTo(ui->TabControl, m_options, *Plugins::plugins());
+    orderButtons();
     m_savedValues = OptionChanges::values(m_options);
 
     connectGeneral();
@@ -108,6 +109,18 @@ PrinterPropertiesDialog::~PrinterPropertiesDialog()
     // The rows point into the PPD, which goes before them.
     ui->ppdOptionView->setOption(nullptr);
     ui->ppdTreeView->setPPD(nullptr);
+}
+
+/** Has Tab come to the buttons last: the pages of plug-ins are made after them. */
+void PrinterPropertiesDialog::orderButtons()
+{
+    QWidget *last = previousInFocusChain();
+    while (last != this && !(last->focusPolicy() & Qt::TabFocus))
+        last = last->previousInFocusChain();
+    for (QPushButton *button : {ui->HelpButton, ui->ApplyButton, ui->OkButton, ui->CancelButton}) {
+        setTabOrder(last, button);
+        last = button;
+    }
 }
 
 void PrinterPropertiesDialog::loadControls()

@@ -68,6 +68,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void orderButtons();
     void loadControls();
     void connectGeneral();
     void connectText();

@@ -24,6 +24,8 @@ class Fax(PropertiesCase):
         apply = properties.button("Apply")
         properties.show("Fax")
         self.assertFalse(apply.has(widgets.ENABLED))
+        properties.press("Tab")
+        properties.field("Fax number:").wait_for(widgets.FOCUSED)
         properties.field("Fax number:").write("+49 (30) 1234")
         apply.wait_for(widgets.ENABLED)
         properties.choose("Cover sheet:", "Confidential")
