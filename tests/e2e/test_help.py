@@ -8,6 +8,7 @@ from harness.case import DialogCase
 from harness.waiting import until
 
 TOPIC = "VESK.htm#GuiLPRDialog"
+PROPERTIES_TOPIC = "VESKDestinationProperties.htm"
 #: Notes its arguments beside itself; the note appears when it is complete.
 _STAND_IN = """#!/bin/sh
 for word; do printf '%s\\0' "$word"; done >"$0.part"
@@ -69,9 +70,9 @@ class Companion(HelpCase):
         self.place_page()
         self.place_stand_in(self.browser)
 
-    def assert_shown(self):
+    def assert_shown(self, topic=TOPIC):
         self.assertEqual(self.arguments_of(self.companion),
-                         ["-g", TOPIC, "-n", "0", "-h", "0", "-f", "0"])
+                         ["-g", topic, "-n", "0", "-h", "0", "-f", "0"])
 
     def test_button(self):
         dialog = self.open_dialog()
@@ -95,6 +96,25 @@ class Companion(HelpCase):
             widgets.press(self.desktop, "F1")
             self.assert_shown()
         self.assert_cancelled(dialog)
+
+    def test_properties_dialog(self):
+        dialog = self.open_dialog()
+        properties = dialog.properties()
+        properties.button("Help").click()
+        self.assert_shown(PROPERTIES_TOPIC)
+        for tab, role, name in (("General", "radio button", "Portrait"),
+                                ("Text", "spin box", "Lines per inch:"),
+                                ("Graphics", "slider", "Scaling"),
+                                ("Advanced", "tree", "Driver options")):
+            properties.show(tab)
+            widget = properties.page.find(role, name)
+            widget.click()
+            widget.wait_for(widgets.FOCUSED)
+            widgets.press(self.desktop, "F1")
+            self.assert_shown(PROPERTIES_TOPIC)
+        properties.close("Cancel")
+        self.assert_cancelled(dialog)
+        self.assertFalse(os.path.exists(self.companion + ".arguments"))
 
 
 class NoCompanion(HelpCase):
