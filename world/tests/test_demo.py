@@ -54,6 +54,15 @@ class Demo(unittest.TestCase):
                          ["Page one", "Page two"] * 2)
         self.assertEqual(len(os.listdir(folder + "/pictures")), 3)
 
+    def test_plugins(self):
+        run = subprocess.run([_DEMO, *_options, "--plugins"], capture_output=True, text=True,
+                             cwd="/", env=self.environment, timeout=_PATIENCE)
+        self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
+        folder = self.results(run.stdout)
+        self.assertRegex(run.stdout, r"qfax-number=0301234567 ")
+        self.assertRegex(run.stdout, r"qfax-number +0301234567\n")
+        self.assertEqual(len(os.listdir(folder + "/pictures")), 5)
+
     def test_file_with_a_hard_name(self):
         with tempfile.TemporaryDirectory() as folder:
             path = os.path.join(folder, "a b'c\u00e4.ps")
