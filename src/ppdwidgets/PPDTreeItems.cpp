@@ -57,6 +57,35 @@ ppd_choice_t *initialChoice(const ppd_option_t &option)
     return found == backwards.end() ? nullptr : &*found;
 }
 
+/** Whether a mark of the option is all that the library changes when the option is marked. */
+bool isMarkedAlone(const char *keyword)
+{
+    constexpr const char *others[] = {"PageSize", pageRegion, "InputSlot", "ManualFeed", "media"};
+    return std::ranges::none_of(
+               others, [keyword](const char *other) { return qstricmp(keyword, other) == 0; }) &&
+           qstrnicmp(keyword, "AP_", 3) != 0;
+}
+
+/** Whether to mark `choice` would leave the PPD as it is. */
+bool isMarkedAlready(ppd_file_t *ppd, ppd_option_t *option, const ppd_choice_t *choice)
+{
+    const auto marks = std::ranges::count_if(choicesOf(*option),
+                                             [](const auto &each) { return each.marked != 0; });
+    return choice->marked && (marks == 1 || option->ui == PPD_UI_PICKMANY) &&
+           isMarkedAlone(option->keyword) && ppdFindOption(ppd, option->keyword) == option &&
+           ppdFindChoice(option, choice->choice) == choice;
+}
+
+/**
+ * Marks a choice. The library checks all constraints with every mark, which would be most of the
+ * time that the tree of a large driver takes: marks that are there already are left alone.
+ */
+void mark(ppd_file_t *ppd, ppd_option_t *option, const ppd_choice_t *choice)
+{
+    if (!isMarkedAlready(ppd, option, choice))
+        ppdMarkOption(ppd, option->keyword, choice->choice);
+}
+
 QString rowText(const QString &name, const QString &value)
 {
     return name + opening + value + closing;
@@ -330,7 +359,7 @@ void OptionItem::setChoice(ppd_choice_t *choice)
                                OptionPictures::booleanFile(PPDText::ascii(choice->choice)))
                          : QPixmap());
     if (choice && m_ppd && !isMarkedByValue())
-        ppdMarkOption(m_ppd, m_option->keyword, choice->choice);
+        mark(m_ppd, m_option, choice);
     updateText();
 }
 
