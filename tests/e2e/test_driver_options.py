@@ -83,6 +83,12 @@ class Custom(DriverOptionsCase):
         options = {"Screen": "{Ruling=150,Angle=22.500}", "Shift": "{Across=36.500,Up=72.250}",
                    "Zoom": "{Factor=2.000,Fixed=1.000}"}
         self.assert_saved(options)
+        properties = self.reopen()
+        properties.select("Screen")
+        self.assertEqual([properties.field(name).text for name in ("Ruling", "Angle")],
+                         ["150", "22.500"])
+        properties.close("OK")
+        self.assert_saved(options)
         self.print_with(options)
 
     def test_page_size(self):

@@ -88,6 +88,13 @@ QString customText(const ppd_coption_t &option, FILE *log)
     return listText(parameters, log);
 }
 
+QString quoted(QString text)
+{
+    text.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
+    text.replace(QLatin1Char('"'), QLatin1String("\\\""));
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
 /** The display text of every marked choice of `choices` from its fourth character on. */
 QString pickManyTail(std::span<const ppd_choice_t> choices)
 {
@@ -168,6 +175,26 @@ QStringList choiceTexts(ppd_file_t *ppd, const ppd_option_t &option, FILE *log)
         texts.append(isCustom ? customText(*custom, log) : QString::fromLatin1(choice.choice));
     }
     return texts;
+}
+
+QString markableList(const ppd_coption_t &option, const QString &list)
+{
+    if (!list.startsWith(QLatin1Char('{')) || !list.endsWith(QLatin1Char('}')))
+        return list;
+    QString rest = list.mid(1).chopped(1);
+    QStringList values;
+    const Parameters parameters = parametersOf(option);
+    // From the last one back: a text may have in it what looks like a parameter's name.
+    for (auto each = parameters.rbegin(); each != parameters.rend(); ++each) {
+        const QString name = QString::fromLatin1((*each)->name) + QLatin1Char('=');
+        const bool isFirst = each + 1 == parameters.rend();
+        const qsizetype start = isFirst ? 0 : rest.lastIndexOf(QLatin1Char(',') + name) + 1;
+        if (isFirst ? !rest.startsWith(name) : start == 0)
+            return list;
+        values.prepend(name + quoted(rest.mid(start + name.size())));
+        rest.truncate(start - 1);
+    }
+    return QLatin1Char('{') + values.join(QLatin1Char(' ')) + QLatin1Char('}');
 }
 
 QStringList list(const ppd_file_t *ppd)

@@ -30,6 +30,12 @@ QString parameterText(const ppd_cparam_t &parameter, FILE *log);
 QStringList choiceTexts(ppd_file_t *ppd, const ppd_option_t &option, FILE *log);
 
 /**
+ * A list of values in the form of choiceTexts() as the library reads it when it is marked: the
+ * library separates by blanks. Any other text comes back as it is.
+ */
+QString markableList(const ppd_coption_t &option, const QString &list);
+
+/**
  * `KEYWORD=CHOICE` for each option with a mark; empty for a null PPD. Of subgroups, those of the
  * PPD's own groups are read. A pick-many option's value is the first marked choice's keyword and
  * the display text of every marked choice from its fourth character on, without separators.

@@ -104,6 +104,19 @@ void addPpdOptions(cups_dest_t &destination, ppd_file_t *ppd)
     }
 }
 
+/** Marks the options, lists of values as they are saved included. */
+void markOptions(ppd_file_t *ppd, const Cups::OptionArray &options)
+{
+    cupsMarkOptions(ppd, options.count(), options.data());
+    for (const cups_option_t &option : options) {
+        const ppd_coption_t *custom = ppdFindCustomOption(ppd, option.name);
+        const QString value = QString::fromLocal8Bit(option.value);
+        const QString list = custom ? PpdMarks::markableList(*custom, value) : value;
+        if (list != value)
+            ppdMarkOption(ppd, option.name, list.toLocal8Bit().constData());
+    }
+}
+
 /** Whether the whole of the resource is in `file`. */
 bool download(http_t *http, const QByteArray &resource, int file)
 {
@@ -232,7 +245,7 @@ void PrinterOptions::usePPD(const Cups::PpdPtr &ppd)
     if (!m_ppd)
         return;
     ppdMarkDefaults(m_ppd.get());
-    cupsMarkOptions(m_ppd.get(), m_cupsOptions.count(), m_cupsOptions.data());
+    markOptions(m_ppd.get(), m_cupsOptions);
     buildTextMap(JobOptions::pageSize);
     buildTextMap(JobOptions::mediaType);
 }
@@ -255,7 +268,7 @@ bool PrinterOptions::setOption(const QString &name, const QString &value)
         qWarning("cupsAddOption failed:");
         return false;
     }
-    cupsMarkOptions(m_ppd.get(), single.count(), single.data());
+    markOptions(m_ppd.get(), single);
     return true;
 }
 

@@ -113,6 +113,10 @@ private slots:
     void customPageSizeWithOneParameter();
     void customWithoutParameters();
     void severalParameters();
+    void savedListMarksAgain_data();
+    void savedListMarksAgain();
+    void otherListsStay_data();
+    void otherListsStay();
     void choiceNamedCustom();
     void keywordOfAPlainChoice();
     void severalMarkedChoices();
@@ -345,6 +349,41 @@ void tst_PpdMarks::customWithoutParameters()
     ParametersOf parameters(ppdFindCustomOption(ppd(), "AReal"));
     parameters.keep(0);
     QCOMPARE(savedText(ppd(), "AReal"), QStringLiteral("Custom"));
+}
+
+void tst_PpdMarks::savedListMarksAgain_data()
+{
+    QTest::addColumn<QString>("list");
+    const auto row = [](const char *list) { QTest::newRow(list) << QString::fromUtf8(list); };
+    row("{Ruling=85,Angle=12.500,Label=fast}");
+    row("{Ruling=85,Angle=12.500,Label=}");
+    row("{Ruling=85,Angle=12.500,Label=two words}");
+    row("{Ruling=85,Angle=12.500,Label=a,b}");
+    row("{Ruling=85,Angle=12.500,Label=\"it's\" \\}");
+}
+
+void tst_PpdMarks::savedListMarksAgain()
+{
+    QFETCH(QString, list);
+    const QString markable = PpdMarks::markableList(*ppdFindCustomOption(ppd(), "Several"), list);
+    ppdMarkOption(ppd(), "Several", markable.toUtf8().constData());
+    QCOMPARE(savedText(ppd(), "Several"), list);
+}
+
+void tst_PpdMarks::otherListsStay_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char *text :
+         {"", "{", "}", "{}", "Custom", "{Ruling=85 Angle=12.5 Label=fast}", "{Ruling=85}",
+          "{Angle=12.5,Ruling=85,Label=fast}", "{Ruling=85,Angle=12.5}", "{Ruling=85,Label=fast",
+          "{x,Ruling=85,Angle=12.5,Label=fast}"})
+        QTest::newRow(text) << QString::fromUtf8(text);
+}
+
+void tst_PpdMarks::otherListsStay()
+{
+    QFETCH(QString, text);
+    QCOMPARE(PpdMarks::markableList(*ppdFindCustomOption(ppd(), "Several"), text), text);
 }
 
 void tst_PpdMarks::severalParameters()

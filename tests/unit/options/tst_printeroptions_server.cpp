@@ -678,6 +678,9 @@ void tst_PrinterOptionsServer::savedCustomValuesMarkAgain_data()
     row("Lock", "Custom.geheim");
     row("Watermark", "Custom.Zwei W\xc3\xb6rter");
     row("PageSize", "Custom.100x150mm");
+    row("Screen", "{Ruling=85 Angle=12.5}");
+    row("Shift", "{Across=36.5 Up=72.25}");
+    row("Zoom", "{Factor=0.5 Fixed=1}");
 }
 
 void tst_PrinterOptionsServer::savedCustomValuesMarkAgain()
