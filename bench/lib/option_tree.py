@@ -50,13 +50,14 @@ def _print_times(times):
     for key, title in _NAMES.items():
         found = times[key]
         limit = _LIMITS.get(key)
-        good = limit is None or found["max"] < limit
+        good = limit is None or found["processor"] < limit
         met = met and good
         rows.append([title, str(found["count"]), "%.2f ms" % found["median"],
-                     "%.2f ms" % found["max"],
+                     "%.2f ms" % found["max"], "%.2f ms" % found["processor"],
                      "%.2f" % (found["median"] / times["open"]["median"]),
-                     "most < %.0f ms: %s" % (limit, verdict(good)) if limit else ""])
-    table(["what", "times", "median", "most", "to opening", "target"], rows)
+                     "< %.0f ms: %s" % (limit, verdict(good)) if limit else ""])
+    table(["what", "times", "median", "most", "most of the processor", "to opening",
+           "target"], rows)
     return met
 
 
