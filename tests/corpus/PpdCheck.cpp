@@ -117,6 +117,11 @@ std::vector<double> valuesToSet(const QAbstractSpinBox *box)
     return {least, std::floor((least + most) / 2), most};
 }
 
+bool isInConflict(const QTreeWidgetItem *item)
+{
+    return static_cast<const PPDTree::BaseItem *>(item)->m_conflict;
+}
+
 QString describe(const QStringList &left, const QStringList &right)
 {
     QStringList missing;
@@ -235,6 +240,7 @@ void PpdCheck::compareGroup(const ppd_group_t &group, QTreeWidgetItem *item)
         if (std::strcmp(option.keyword, "PageRegion") != 0)
             options.push_back(&option);
     }
+    m_groupRows.push_back({item, &group});
     if (item->text(0) != QString::fromLatin1(group.text))
         fail(QStringLiteral("group row %1").arg(item->text(0)));
     if (item->childCount() != group.num_subgroups + static_cast<int>(options.size())) {
@@ -270,10 +276,15 @@ void PpdCheck::compareConflicts(const QString &what)
     const bool conflicts = ppdConflicts(m_plain.get()) > 0;
     m_counts.conflicts += conflicts ? 1 : 0;
     for (const Row &row : m_rows) {
-        const bool red = static_cast<const PPDTree::BaseItem *>(row.item)->m_conflict;
-        if (red != (row.plain->conflicted != 0))
+        if (isInConflict(row.item) != (row.plain->conflicted != 0))
             fail(QStringLiteral("%1: conflict mark of %2").arg(what, nameOf(row)));
     }
+    for (const GroupRow &row : m_groupRows) {
+        if (isInConflict(row.item) != Walk::hasConflict(*row.plain))
+            fail(QStringLiteral("%1: conflict mark of %2").arg(what, row.item->text(0)));
+    }
+    if (isInConflict(m_tree.topLevelItem(0)))
+        fail(QStringLiteral("%1: conflict mark of the root").arg(what));
     compareWarning(what, conflicts);
 }
 

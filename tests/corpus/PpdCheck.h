@@ -50,6 +50,12 @@ private:
         bool fixed;
     };
 
+    struct GroupRow {
+        QTreeWidgetItem *item;
+        /** The group in the plain copy. */
+        const ppd_group_t *plain;
+    };
+
     bool open();
     void compareTree();
     void compareGroup(const ppd_group_t &group, QTreeWidgetItem *item);
@@ -82,6 +88,7 @@ private:
     PPDTreeView m_tree;
     PPDOptionView m_pane;
     std::vector<Row> m_rows;
+    std::vector<GroupRow> m_groupRows;
     std::vector<ppd_option_t *> m_shownOptions;
     std::vector<ppd_option_t *> m_plainOptions;
     QStringList m_warnings;

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <cstring>
+
 namespace
 {
 void appendOptions(const ppd_group_t &group, std::vector<ppd_option_t *> &options)
@@ -64,14 +67,14 @@ QStringList markedChoices(const std::vector<ppd_option_t *> &options)
     return result;
 }
 
-QStringList conflictingKeywords(const std::vector<ppd_option_t *> &options)
+bool hasConflict(const ppd_group_t &group)
 {
-    QStringList result;
-    for (const ppd_option_t *option : options) {
-        if (option->conflicted)
-            result.append(QString::fromUtf8(option->keyword));
-    }
-    return result;
+    return std::ranges::any_of(options(group),
+                               [](const ppd_option_t &option) {
+                                   return option.conflicted &&
+                                          std::strcmp(option.keyword, "PageRegion") != 0;
+                               }) ||
+           std::ranges::any_of(subgroups(group), hasConflict);
 }
 
 QStringList differingTexts(const ppd_file_t &ppd)

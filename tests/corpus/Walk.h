@@ -40,8 +40,11 @@ QByteArray marks(const std::vector<ppd_option_t *> &options);
 /** `KEYWORD=CHOICE` of every marked choice: for messages. */
 QStringList markedChoices(const std::vector<ppd_option_t *> &options);
 
-/** The keywords of the options in conflict. `ppdConflicts` must have been called. */
-QStringList conflictingKeywords(const std::vector<ppd_option_t *> &options);
+/**
+ * Whether an option of the group or of its subgroups that has a row is in conflict.
+ * `ppdConflicts` must have been called.
+ */
+bool hasConflict(const ppd_group_t &group);
 
 /** The texts that differ when read as Latin-1 from what they are as UTF-8. */
 QStringList differingTexts(const ppd_file_t &ppd);
