@@ -14,10 +14,11 @@
  *  1. The first time that a properties dialog is made, the libraries are loaded, and `load_plugin`
  *     of each is called. A run in which no such dialog is opened loads none of them.
  *  2. Each time that a properties dialog is made: `applies`. If that is true: `createPage`,
- * `title`, `pageInterface`, and of the page `handledOptions`, `setOptions` (with all options) and
+ *     `title`, `pageInterface`, and of the page `setOptions` (with all options) and
  *     `volatileOptions`.
- *  3. While the dialog is open and the user changes the paper size, an option of the driver or the
- *     size of images: `handledOptions` and `setOptions` (with the options of others).
+ *  3. While the dialog is open and the user changes the size or type of the paper, an option of the
+ *     driver or how the size of images is set: `handledOptions` and `setOptions` (with the options
+ *     of others).
  *  4. When the user presses Apply or OK, and no options of the driver are in conflict:
  *     `collectOptions`. Then the options are saved.
  *  5. At the end of the program, while the application object still exists: the destructor of the

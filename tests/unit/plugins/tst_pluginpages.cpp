@@ -25,7 +25,11 @@ public:
     {
     }
 
-    QStringList handledOptions() const override { return {text() + u"-own"_s}; }
+    QStringList handledOptions() const override
+    {
+        calls += text() + u" handled"_s;
+        return {text() + u"-own"_s};
+    }
     void setOptions(const Vesk::OptionValues &values) override
     {
         calls += text() + u" set"_s;
@@ -37,7 +41,11 @@ public:
         values.insert(wanted);
         removed += unwanted;
     }
-    QStringList volatileOptions() const override { return {u"qfax-"_s + text()}; }
+    QStringList volatileOptions() const override
+    {
+        calls += text() + u" volatile"_s;
+        return {u"qfax-"_s + text()};
+    }
 
     Vesk::OptionValues given;
     Vesk::OptionValues wanted;
@@ -134,8 +142,8 @@ void TestPluginPages::addsTabsInOrder()
     add();
     QCOMPARE(calls,
              (QStringList{u"one applies"_s, u"one create"_s, u"one title"_s, u"one interface"_s,
-                          u"one set"_s, u"two applies"_s, u"two create"_s, u"two title"_s,
-                          u"two interface"_s, u"two set"_s}));
+                          u"one set"_s, u"one volatile"_s, u"two applies"_s, u"two create"_s,
+                          u"two title"_s, u"two interface"_s, u"two set"_s, u"two volatile"_s}));
     QCOMPARE(m_tabs->count(), 3);
     QCOMPARE(m_tabs->tabText(1), u"Tab one"_s);
     QCOMPARE(m_tabs->widget(1), m_first->page);
@@ -203,7 +211,9 @@ void TestPluginPages::laterHandsOverTheOthersOptions()
     m_options->setOption(u"one-own"_s, u"1"_s);
     m_options->setOption(u"two-own"_s, u"2"_s);
     m_options->setOption(u"Resolution"_s, u"600dpi"_s);
+    calls.clear();
     m_pages->update(*m_options);
+    QCOMPARE(calls, (QStringList{u"one handled"_s, u"one set"_s, u"two handled"_s, u"two set"_s}));
     QCOMPARE(m_first->page->given, (Vesk::OptionValues{{u"known"_s, u"yes"_s},
                                                        {u"two-own"_s, u"2"_s},
                                                        {u"PageSize"_s, QString()},
