@@ -13,8 +13,6 @@ namespace Option = PropertyOptions;
 
 namespace
 {
-constexpr int defaultNumberUp = 1;
-
 QButtonGroup *makeGroup(const QString &name, QObject *dialog)
 {
     auto group = new QButtonGroup(dialog);
@@ -125,7 +123,7 @@ void GeneralPage::loadBanners(const PrinterOptions &options)
 
 void GeneralPage::loadNumberUp(const PrinterOptions &options)
 {
-    const int number = options.intValue(Option::numberUp, defaultNumberUp);
+    const int number = options.intValue(Option::numberUp, PrinterOptions::defaultNumberUp);
     if (PaperLayout::isNumberUp(number))
         m_nupButtons->button(number)->setChecked(true);
 }
@@ -151,7 +149,7 @@ void GeneralPage::writeSides(PrinterOptions &options) const
 void GeneralPage::writeNumberUp(PrinterOptions &options) const
 {
     const int number = m_nupButtons->checkedId();
-    if (number == defaultNumberUp)
+    if (number == PrinterOptions::defaultNumberUp)
         options.removeOption(Option::numberUp);
     else
         options.setOption(Option::numberUp, QString::number(number));

@@ -16,12 +16,6 @@ namespace Option = PropertyOptions;
 
 namespace
 {
-constexpr int defaultBrightness = 100;
-constexpr int defaultGamma = 1000;
-constexpr int defaultHue = 0;
-constexpr int defaultSaturation = 100;
-constexpr int defaultResolution = 128;
-
 /** Where the numbers lie in their table; the colours come first. */
 enum Index { Brightness, Gamma, Hue, Saturation, Resolution, Scaling };
 
@@ -33,13 +27,15 @@ bool hasDriverOption(const PrinterOptions &options, QLatin1StringView name)
 
 GraphicsPage::GraphicsPage(Ui::PrinterPropertiesDialogBase &form, QObject *dialog)
     : ui(form)
-    , m_numbers{{{Option::brightness, defaultBrightness, ui.BrightnessLabel, ui.BrightnessSlider,
-                  ui.BrightnessSpinBox},
-                 {Option::gamma, defaultGamma, ui.GammaLabel, ui.GammaSlider, ui.GammaSpinBox},
-                 {Option::hue, defaultHue, ui.HueLabel, ui.HueSlider, ui.HueSpinBox},
-                 {Option::saturation, defaultSaturation, ui.SaturationLabel, ui.SaturationSlider,
-                  ui.SaturationSpinBox},
-                 {Option::ppi, defaultResolution, ui.PpiLabel, ui.ResolutionSlider,
+    , m_numbers{{{Option::brightness, PrinterOptions::defaultBrightness, ui.BrightnessLabel,
+                  ui.BrightnessSlider, ui.BrightnessSpinBox},
+                 {Option::gamma, PrinterOptions::defaultGamma, ui.GammaLabel, ui.GammaSlider,
+                  ui.GammaSpinBox},
+                 {Option::hue, PrinterOptions::defaultHue, ui.HueLabel, ui.HueSlider,
+                  ui.HueSpinBox},
+                 {Option::saturation, PrinterOptions::defaultSaturation, ui.SaturationLabel,
+                  ui.SaturationSlider, ui.SaturationSpinBox},
+                 {Option::ppi, PrinterOptions::defaultResolution, ui.PpiLabel, ui.ResolutionSlider,
                   ui.ResolutionSpinBox},
                  {Option::scaling, PrinterOptions::defaultScaling, ui.PercentLabel,
                   ui.ScalingSlider, ui.ScalingSpinBox}}}

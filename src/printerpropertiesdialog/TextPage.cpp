@@ -19,10 +19,6 @@ namespace Option = PropertyOptions;
 
 namespace
 {
-constexpr int defaultCpi = 10;
-constexpr int defaultLpi = 6;
-constexpr int defaultColumns = 1;
-
 struct Margin {
     QLatin1StringView option;
     int PageMargins::*side;
@@ -74,12 +70,12 @@ void TextPage::load(const PrinterOptions &options, PageOrientation orientation)
 {
     m_orientation = orientation;
     loadMargins(options);
-    ui.CpiSpinBox->setValue(options.intValue(Option::cpi, defaultCpi));
-    ui.LpiSpinBox->setValue(options.intValue(Option::lpi, defaultLpi));
-    const int columns = options.intValue(Option::columns, defaultColumns);
+    ui.CpiSpinBox->setValue(options.intValue(Option::cpi, PrinterOptions::defaultCpi));
+    ui.LpiSpinBox->setValue(options.intValue(Option::lpi, PrinterOptions::defaultLpi));
+    const int columns = options.intValue(Option::columns, PrinterOptions::defaultColumns);
     const bool isOffered =
         columns >= ui.ColumnsSpinBox->minimum() && columns <= ui.ColumnsSpinBox->maximum();
-    ui.ColumnsSpinBox->setValue(isOffered ? columns : defaultColumns);
+    ui.ColumnsSpinBox->setValue(isOffered ? columns : PrinterOptions::defaultColumns);
     ui.PrettyCheckBox->setChecked(options.hasOption(Option::prettyPrint));
     m_rememberedUnit = ui.UnitsCombo->currentText();
     refreshMargins();

@@ -18,8 +18,17 @@ class CommandLineOptions;
 class PrinterOptions : public QMap<QString, QString>
 {
 public:
-    /** Percent; what `scaling` is set to where nothing else sets it. */
-    static constexpr int defaultScaling = 100;
+    /** What an option stands at where nothing sets it. */
+    static constexpr int defaultNumberUp = 1;
+    static constexpr int defaultCpi = 10;
+    static constexpr int defaultLpi = 6;
+    static constexpr int defaultColumns = 1;
+    static constexpr int defaultBrightness = 100; // percent
+    static constexpr int defaultGamma = 1000;     // thousandths
+    static constexpr int defaultHue = 0;          // degrees
+    static constexpr int defaultSaturation = 100; // percent
+    static constexpr int defaultResolution = 128; // pixels an inch
+    static constexpr int defaultScaling = 100;    // percent
 
     PrinterOptions();
     /** With the job options of an `lpr` command line. */

@@ -54,6 +54,7 @@ private slots:
     void init();
 
     void startsEmpty();
+    void defaults();
     void destructorIsVirtual();
     void setOption();
     void setOptionReplaces();
@@ -122,6 +123,19 @@ void tst_PrinterOptions::startsEmpty()
     QVERIFY(!options.ppd());
     QCOMPARE(options.destination(), QString());
     QCOMPARE(options.volatileOptions(), QStringList());
+}
+
+void tst_PrinterOptions::defaults()
+{
+    QCOMPARE(PrinterOptions::defaultNumberUp, 1);
+    QCOMPARE(PrinterOptions::defaultCpi, 10);
+    QCOMPARE(PrinterOptions::defaultLpi, 6);
+    QCOMPARE(PrinterOptions::defaultColumns, 1);
+    QCOMPARE(PrinterOptions::defaultBrightness, 100);
+    QCOMPARE(PrinterOptions::defaultGamma, 1000);
+    QCOMPARE(PrinterOptions::defaultHue, 0);
+    QCOMPARE(PrinterOptions::defaultSaturation, 100);
+    QCOMPARE(PrinterOptions::defaultResolution, 128);
     QCOMPARE(PrinterOptions::defaultScaling, 100);
 }
 
