@@ -25,6 +25,7 @@ private slots:
     void fourTabs();
     void buttonGroups();
     void listsOfTheDriver();
+    void paperThatIsNotListed();
     void withoutDriver();
     void driverWithoutDuplex_data();
     void driverWithoutDuplex();
@@ -334,6 +335,21 @@ void TestPropertiesDialog::listsOfTheDriver()
     const auto media = child<QComboBox>(*dialog, "MediaCombo");
     QCOMPARE(media->count(), 5);
     QCOMPARE(media->itemText(4), u"Labels"_s);
+}
+
+void TestPropertiesDialog::paperThatIsNotListed()
+{
+    QTest::ignoreMessage(QtWarningMsg, "Failed to get value as text");
+    const auto dialog =
+        openWithDriver(TestPpd::group("Main", TestPpd::pickOne("PageSize", "B9", {"A4", "A5"})));
+    QCOMPARE(shown(*dialog, u"SizeCombo.currentIndex"_s), u"-1"_s);
+    QVERIFY(child<QComboBox>(*dialog, "SizeCombo")->isEnabled());
+    QVERIFY(!child<QComboBox>(*dialog, "MediaCombo")->isEnabled());
+    // Nine tenths of 612 points.
+    QCOMPARE(child<QSpinBox>(*dialog, "LeftSpinBox")->maximum(), 550 - 13);
+    work(*dialog, u"SizeCombo=A4"_s);
+    QCOMPARE(markedChoice(*dialog, "PageSize"), QByteArray("A4"));
+    QVERIFY(applyButton(*dialog)->isEnabled());
 }
 
 void TestPropertiesDialog::withoutDriver()
