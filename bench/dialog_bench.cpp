@@ -1,18 +1,23 @@
 // dialog_bench select ROUNDS DESTINATION...   times the choice of another destination
+// dialog_bench properties ROUNDS DESTINATION  times the properties dialog: opened, accepted
 // dialog_bench join COUNT                     waits until COUNT destinations have joined the list
 //
 // Builds the print dialog in this process, as the program does, and prints its findings as JSON.
 
 #include "LPRArguments.h"
 #include "PrintDialog.h"
+#include "PrinterPropertiesDialog.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QPushButton>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 namespace
@@ -41,8 +46,9 @@ double milliseconds(const QElapsedTimer &timer)
 class ShownDialog
 {
 public:
-    ShownDialog()
-        : m_dialog(QString(), noOptions())
+    explicit ShownDialog(const QString &destination = QString(),
+                         const PrintDialogServices &services = {})
+        : m_dialog(destination, noOptions(), services)
     {
         m_list = m_dialog.findChild<QComboBox *>(QStringLiteral("PrintersCombo"));
         if (!m_list)
@@ -86,6 +92,84 @@ void benchSelect(int rounds, const QStringList &names)
                 shown.list().count(), times.size(), times[times.size() / 2], times.back());
 }
 
+/** Accepts a dialog as soon as it is painted, and takes the times. */
+class Acceptor : public QObject
+{
+public:
+    void start() { m_timer.start(); }
+    double opened() const { return m_opened; }
+    double closed() const { return m_closed; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && !std::exchange(m_painted, true))
+            QTimer::singleShot(0, this, [this, watched] { accept(*watched); });
+        if (event->type() == QEvent::Hide)
+            m_closed = milliseconds(m_timer);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void accept(QObject &dialog)
+    {
+        m_opened = milliseconds(m_timer);
+        auto *button = dialog.findChild<QPushButton *>(QStringLiteral("OkButton"));
+        if (!button)
+            fail("the properties dialog has no OK button");
+        m_timer.start();
+        button->click();
+    }
+
+    QElapsedTimer m_timer;
+    bool m_painted = false;
+    double m_opened = -1;
+    double m_closed = -1;
+};
+
+struct Opening {
+    double opened;
+    double closed;
+};
+
+/** From the click on the button until the dialog is painted; from its OK until it is gone. */
+Opening timeProperties(const QString &destination)
+{
+    Acceptor acceptor;
+    PrintDialogServices services;
+    services.createPropertiesDialog = [&acceptor](const QString &name,
+                                                  const PrinterOptions &options,
+                                                  QWidget *parent) -> QDialog * {
+        auto *dialog = new PrinterPropertiesDialog(name, options, parent);
+        dialog->installEventFilter(&acceptor);
+        return dialog;
+    };
+    ShownDialog shown(destination, services);
+    auto *button = shown.dialog().findChild<QPushButton *>(QStringLiteral("PropertiesButton"));
+    if (!button || !button->isEnabled())
+        fail("the properties cannot be opened");
+    acceptor.start();
+    button->click();
+    if (acceptor.opened() < 0 || acceptor.closed() < 0)
+        fail("the properties dialog was not opened and closed");
+    return {acceptor.opened(), acceptor.closed()};
+}
+
+void benchProperties(int rounds, const QString &destination)
+{
+    std::printf("{\"opened\": [");
+    std::vector<double> closed;
+    for (int round = 0; round < rounds; ++round) {
+        const Opening times = timeProperties(destination);
+        std::printf("%s%.3f", round ? ", " : "", times.opened);
+        closed.push_back(times.closed);
+    }
+    std::printf("], \"closed\": [");
+    for (size_t round = 0; round < closed.size(); ++round)
+        std::printf("%s%.3f", round ? ", " : "", closed[round]);
+    std::printf("]}\n");
+}
+
 void benchJoin(int expected)
 {
     QElapsedTimer timer;
@@ -109,9 +193,12 @@ int main(int argc, char **argv)
     const int number = arguments.value(2).toInt();
     if (mode == QLatin1String("select") && number > 0 && arguments.size() > 4)
         benchSelect(number, arguments.mid(3));
+    else if (mode == QLatin1String("properties") && number > 0 && arguments.size() == 4)
+        benchProperties(number, arguments[3]);
     else if (mode == QLatin1String("join") && number > 0)
         benchJoin(number);
     else
-        fail("usage: dialog_bench select ROUNDS DESTINATION... | dialog_bench join COUNT");
+        fail("usage: dialog_bench select ROUNDS DESTINATION... | dialog_bench join COUNT | "
+             "dialog_bench properties ROUNDS DESTINATION");
     return 0;
 }

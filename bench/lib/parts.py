@@ -9,6 +9,7 @@ import handover
 import option_tree
 import paint
 import picture_index
+import properties
 import sample_picture
 import select_destination
 
@@ -25,6 +26,7 @@ ALL = {
     "select": Part("Choosing another destination", select_destination.measure),
     "capture": Part("Capturing standard input", capture.measure),
     "options": Part("The options of the largest driver", option_tree.measure),
+    "properties": Part("The properties dialog", properties.measure),
     "sample": Part("Redrawing the sample picture", sample_picture.measure),
     "pictures": Part("The index of device pictures", picture_index.measure),
 }
@@ -35,6 +37,7 @@ INSIDE = {
     "join": paint.inside_join,
     "select": select_destination.inside,
     "capture": capture.inside,
+    "properties": properties.inside,
 }
 
 
