@@ -132,6 +132,9 @@ void GeneralPage::write(PrinterOptions &options) const
 {
     options.setOption(Option::orientationRequested,
                       QString::number(PaperLayout::orientationRequested(orientation())));
+    // It would turn the page again, whatever has been chosen.
+    if (options.hasCupsOption(Option::landscape))
+        options.removeOption(Option::landscape);
     options.removeOption(Option::duplex);
     if (m_duplexButtons->checkedId() == PaperLayout::DuplexOff)
         options.removeOption(Option::sides);

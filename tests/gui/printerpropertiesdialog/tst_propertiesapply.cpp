@@ -28,6 +28,7 @@ private slots:
     void applyTwiceWritesTheSame();
     void okAppliesAndCloses();
     void savedDuplexBecomesSides();
+    void savedLandscapeCanBeLeft();
     void driverOptionsAreSaved();
     void customPaperHasASize_data();
     void customPaperHasASize();
@@ -326,6 +327,20 @@ void TestPropertiesApply::savedDuplexBecomesSides()
     QVERIFY(!saved.contains(u"Duplex"_s));
     QCOMPARE(saved.value(u"sides"_s), u"two-sided-long-edge"_s);
     QVERIFY(child<QRadioButton>(*open(u"Laser/draft"_s), "DuplexLongRadio")->isChecked());
+}
+
+void TestPropertiesApply::savedLandscapeCanBeLeft()
+{
+    PrinterOptions options;
+    QVERIFY(options.load(u"Plain"_s));
+    options.setOption(u"landscape"_s, u"true"_s);
+    QVERIFY(options.save(u"Plain"_s));
+    const auto dialog = open(u"Plain"_s);
+    QVERIFY(child<QRadioButton>(*dialog, "LandscapeRadio")->isChecked());
+    child<QRadioButton>(*dialog, "PortraitRadio")->click();
+    QVERIFY(!apply(*dialog));
+    QVERIFY(!savedOptions(u"Plain"_s).contains(u"landscape"_s));
+    QVERIFY(child<QRadioButton>(*open(u"Plain"_s), "PortraitRadio")->isChecked());
 }
 
 void TestPropertiesApply::driverOptionsAreSaved()
