@@ -121,11 +121,12 @@ def _wait_for_inside(pid, lifelines, ended):
     while True:
         left = None if limit is None else max(0.0, limit - time.monotonic())
         readable = select.select(watched, [], [], left)[0]
+        # Before the look at the child: what is told after this wakes the next round.
+        if ended in readable:
+            os.read(ended, 4096)
         found, status = os.waitpid(pid, os.WNOHANG)
         if found:
             return processes.exit_code(status)
-        if ended in readable:
-            os.read(ended, 4096)
         if limit is None and set(readable) & set(lifelines):
             watched = [ended]
             limit = time.monotonic() + _GRACE

@@ -24,6 +24,7 @@ _command = 0
 def run(options, root):
     """Builds the world in `root`, runs the command and returns its status."""
     processes.die_with_parent()
+    signal.set_wakeup_fd(-1)
     user = options.account
     tree.furnish(root)
     if options.server:
@@ -76,7 +77,6 @@ def _run_command(options, root, user):
 def _become_command(options, root, user):
     for number in processes.END_SIGNALS + (signal.SIGCHLD, signal.SIGPIPE, signal.SIGXFSZ):
         signal.signal(number, signal.SIG_DFL)
-    signal.set_wakeup_fd(-1)
     signal.pthread_sigmask(signal.SIG_SETMASK, [])
     user.become()
     environment = _environment(options, root)

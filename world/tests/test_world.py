@@ -384,6 +384,31 @@ print(json.dumps(os.environ.get("VESK_KEEP")))""", env=dict(os.environ, VESK_KEE
                 self.assertEqual(records(file.read()), [["lpr.orig", "-P", "Plain"]])
 
 
+#: A keeper whose first look at its child comes just before that ends; ends with the child's status.
+_LATE_END = """
+import os, sys
+sys.path.insert(0, sys.argv[1])
+import front, processes
+
+look = os.waitpid
+go, end = os.pipe()
+ended = front._watch_children()
+orphan = processes.fork(lambda: 0)
+child = processes.fork(lambda: len(os.read(go, 7)))
+
+def slow_look(pid, flags):
+    found = look(pid, flags)
+    if not found[0]:
+        os.write(end, b"7 bytes")
+        os.waitid(os.P_PID, pid, os.WEXITED | os.WNOWAIT)
+    return found
+
+os.waitid(os.P_PID, orphan, os.WEXITED | os.WNOWAIT)
+os.waitpid = slow_look
+os._exit(front._wait_for_inside(child, [], ended))
+"""
+
+
 class End(unittest.TestCase):
     """Nothing is left, whichever way a world ends."""
 
@@ -488,6 +513,12 @@ class End(unittest.TestCase):
         self.assertEqual(run.wait(_PATIENCE), 128 + 9)
         self.assert_nothing_left(folder)
         run.stdout.close()
+
+    def test_end_right_after_the_keeper_looked(self):
+        """An orphan's end wakes the keeper; the world ends between its look and its next wait."""
+        run = subprocess.run(["/usr/bin/python3", "-c", _LATE_END, _LIB], capture_output=True,
+                             text=True, timeout=_PATIENCE)
+        self.assertEqual((run.returncode, run.stderr), (7, ""))
 
     def test_folder_of_a_world_killed_at_one_blow_is_removed_later(self):
         folder = tempfile.mkdtemp(prefix="vesk-world-", dir="/tmp")
