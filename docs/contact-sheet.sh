@@ -1,9 +1,11 @@
 #!/bin/bash
 # Puts every picture of the program on one sheet, contact-sheet.png: at 1x and 2x, on a light and on
-# a dark ground. Draw the pictures first: src/render-pictures.sh.
+# a dark ground. Takes the pictures of a build: contact-sheet.sh [BUILD], by default ../build-dev.
 # Needs ImageMagick (Debian: imagemagick).
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
+
+pictures=$(realpath "${1:-../build-dev}")/src
 
 light='#ffffff'
 dark='#232629'
@@ -34,7 +36,7 @@ section()
         mkdir -p "$block"
         tile "$picture" > "$block/$(basename "$picture" .png).miff"
     done
-    convert -background "$paper" -fill black -font "$font" -pointsize 15 "label:${1#../}" \
+    convert -background "$paper" -fill black -font "$font" -pointsize 15 "label:${1#"${pictures%src}"}" \
         -bordercolor "$paper" -border 8x8 "$work/$2-0.miff"
     for block in "$work/$2"-*/; do
         montage "$block"/*.miff -background "$paper" -geometry +8+6 -gravity north \
@@ -54,6 +56,6 @@ number=10
 while read -r folder; do
     section "$folder" "$number"
     number=$((number + 1))
-done < <(find ../src -type d -name svg -printf '%h\n' | sort)
+done < <(find "$pictures" -name '*@2x.png' -printf '%h\n' | sort -u)
 convert -gravity northwest -background "$paper" "$work"/*.miff -append \
     -strip -depth 8 -define png:compression-level=9 contact-sheet.png

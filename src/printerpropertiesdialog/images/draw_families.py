@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Writes the SVG sources of the pictures that come in families: paper orientation, duplex, pages
-per side, text columns and pretty printing. The PNG files come from ../../render-pictures.sh.
+per side, text columns and pretty printing. The build draws the PNG files from them.
 """
 
 from pathlib import Path
