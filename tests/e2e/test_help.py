@@ -31,19 +31,20 @@ class HelpCase(DialogCase):
             file.write(_STAND_IN)
         os.chmod(path, mode)
 
-    def place_page(self):
-        """The help page; its path."""
-        folder = os.path.join(self.installation, "share", "help")
-        os.makedirs(folder)
-        path = os.path.join(folder, "VESK.htm")
-        shutil.copy(self.file("page.htm"), path)
-        return path
+    def page(self, name, language=""):
+        """The installed page; its path."""
+        return os.path.join(self.installation, "share", "help", language, name)
 
-    def open_dialog(self):
-        """A run whose only browser is the stand-in, if that is there."""
+    def open_dialog(self, language="en"):
+        """A run whose only browser is the stand-in, if that is there.
+
+        The windows stay English in each language.
+        """
+        shutil.rmtree(os.path.join(self.installation, "share", "tr"), ignore_errors=True)
         self.run_of_dialog = self.start(
             self.file(), name=self.program, program=self.program,
-            environment={"PATH": self.browsers, "BROWSER": None, "DEFAULT_BROWSER": None})
+            environment={"PATH": self.browsers, "BROWSER": None, "DEFAULT_BROWSER": None,
+                         "LC_ALL": "C.UTF-8", "LANGUAGE": language})
         return self.dialog(self.run_of_dialog)
 
     def arguments_of(self, stand_in):
@@ -67,7 +68,6 @@ class Companion(HelpCase):
     def setUp(self):
         super().setUp()
         self.place_stand_in(self.companion)
-        self.place_page()
         self.place_stand_in(self.browser)
 
     def assert_shown(self, topic=TOPIC):
@@ -83,6 +83,12 @@ class Companion(HelpCase):
         self.assert_shown()
         self.assert_cancelled(dialog)
         self.assertFalse(os.path.exists(self.browser + ".arguments"))
+
+    def test_language_is_left_to_the_companion(self):
+        dialog = self.open_dialog("de")
+        widgets.press(self.desktop, "F1")
+        self.assert_shown()
+        self.assert_cancelled(dialog)
 
     def test_key_anywhere(self):
         dialog = self.open_dialog()
@@ -118,37 +124,61 @@ class Companion(HelpCase):
 
 
 class NoCompanion(HelpCase):
-    def assert_told(self, dialog):
-        dialog.button("Help").click()
+    def assert_told(self, dialog, opener, page="VESK.htm"):
+        opener.button("Help").click()
         box = dialog.box("Help")
-        self.assertEqual(box.find("label").name, 'The help page "VESK.htm" could not be opened.')
+        self.assertEqual(box.find("label").name, 'The help page "%s" could not be opened.' % page)
         widgets.press(self.desktop, "Return")
         until(lambda: not widgets.has_window(self.desktop, self.run_of_dialog, "Help"),
               "the end of the box")
         self.assertTrue(dialog.is_open())
 
-    def test_browser(self):
-        page = self.place_page()
+    def assert_browsed(self, page, anchor=""):
+        self.assertTrue(os.path.isfile(page), page)
+        self.assertEqual(self.arguments_of(self.browser), ["file://" + page + anchor])
+
+    def assert_both_dialogs_browse(self, language, folder):
+        """By the key and by the button of each dialog."""
         self.place_stand_in(self.browser)
-        dialog = self.open_dialog()
+        dialog = self.open_dialog(language)
         widgets.press(self.desktop, "F1")
-        self.assertEqual(self.arguments_of(self.browser), ["file://" + page + "#GuiLPRDialog"])
+        self.assert_browsed(self.page("VESK.htm", folder), "#GuiLPRDialog")
+        dialog.button("Help").click()
+        self.assert_browsed(self.page("VESK.htm", folder), "#GuiLPRDialog")
+        properties = dialog.properties()
+        widgets.press(self.desktop, "F1")
+        self.assert_browsed(self.page(PROPERTIES_TOPIC, folder))
+        properties.button("Help").click()
+        self.assert_browsed(self.page(PROPERTIES_TOPIC, folder))
+        properties.close("Cancel")
         self.assert_cancelled(dialog)
+
+    def test_browser(self):
+        self.assert_both_dialogs_browse("en", "")
+
+    def test_browser_in_a_language_without_pages(self):
+        self.assert_both_dialogs_browse("eo:en", "")
 
     def test_companion_that_cannot_be_run(self):
         self.place_stand_in(self.companion, mode=0o644)
         self.test_browser()
 
     def test_no_page(self):
+        shutil.rmtree(os.path.join(self.installation, "share", "help"))
         self.place_stand_in(self.browser)
         dialog = self.open_dialog()
-        self.assert_told(dialog)
-        self.assert_told(dialog)
+        self.assert_told(dialog, dialog)
+        self.assert_told(dialog, dialog)
+        properties = dialog.properties()
+        self.assert_told(dialog, properties, PROPERTIES_TOPIC)
+        properties.close("Cancel")
         self.assert_cancelled(dialog)
         self.assertFalse(os.path.exists(self.browser + ".arguments"))
 
     def test_no_browser(self):
-        self.place_page()
         dialog = self.open_dialog()
-        self.assert_told(dialog)
+        self.assert_told(dialog, dialog)
+        properties = dialog.properties()
+        self.assert_told(dialog, properties, PROPERTIES_TOPIC)
+        properties.close("Cancel")
         self.assert_cancelled(dialog)

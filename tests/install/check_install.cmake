@@ -22,6 +22,10 @@ foreach(name lib/libvesk_core.so lib/libvesk_dialogs.so share/OEM.ini plugins)
     endif()
 endforeach()
 
+# The help, every file of it.
+execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/../help/check-pages ${TREE}/share/help
+    COMMAND_ERROR_IS_FATAL ANY)
+
 # Only who asks for it gets the program for worlds without namespaces.
 install_tree(--component relocated)
 expect_programs(vesk vesk-relocated)
