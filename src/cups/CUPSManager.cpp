@@ -180,6 +180,18 @@ int growth(qsizetype before, qsizetype after)
     return static_cast<int>(after - before);
 }
 
+/** Sends the request and adds the jobs of its response. False without response. */
+bool addJobs(CUPSManager &manager, IPPRequest &request, const char *resource,
+             QMap<int, JobInfo> &out)
+{
+    request.addRequestedAttributes(JobInfo::attributeNames());
+    if (!manager.execute(request, resource))
+        return false;
+    for (const JobInfo &job : recordsOf<JobInfo>(request.response()))
+        out.insert(job.jobId, job);
+    return true;
+}
+
 /** Sends the request and adds the printers of its response that pass; returns how `out` grew. */
 int addPrinters(CUPSManager &manager, Requests::GetPrinters &request,
                 QMap<QString, CUPSPrinter> &out, const char *filter)
@@ -404,13 +416,15 @@ int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool 
 
 int CUPSManager::getJobsWithUris(QMap<int, JobInfo> &out)
 {
-    Requests::GetJobs request;
-    request.addRequestedAttributes(JobInfo::attributeNames());
-    if (!execute(request))
-        return 0;
     const qsizetype before = out.size();
-    for (const JobInfo &job : recordsOf<JobInfo>(request.response()))
-        out.insert(job.jobId, job);
+    Requests::GetJobs request;
+    const bool isAnswered = addJobs(*this, request, nullptr, out);
+    // The scheduler of today knows no destination /jobs/, it lists all jobs under its root.
+    if (isAnswered && m_lastStatus == IPP_STATUS_ERROR_NOT_FOUND) {
+        IPPRequest rootRequest(IPP_OP_GET_JOBS);
+        rootRequest.addUri(PrinterUri, "ipp://localhost/", Operation);
+        addJobs(*this, rootRequest, "/", out);
+    }
     return growth(before, out.size());
 }
 

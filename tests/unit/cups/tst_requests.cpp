@@ -167,6 +167,8 @@ private slots:
     void requestClass_data();
     void requestClass();
     void getJobsNamesTheServer();
+    void getJobsAsksTheRootWhereTheServerRefuses_data();
+    void getJobsAsksTheRootWhereTheServerRefuses();
     void operation_data();
     void operation();
     void stopsAtTheFirstFailure_data();
@@ -314,6 +316,37 @@ void TestRequests::getJobsNamesTheServer()
     QCOMPARE(_CUPS->getJobsWithUris(jobs), 0);
     compareRequests({{"/", withUri(0x000A, "ipp://" + m_server->address() + "/jobs/")
                                .keywords("requested-attributes", JobAttributes)}});
+}
+
+void TestRequests::getJobsAsksTheRootWhereTheServerRefuses_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<int>("requests");
+    QTest::addColumn<int>("growth");
+    QTest::addRow("accepted") << 0 << 1 << 1;
+    QTest::addRow("not found") << 0x0406 << 2 << 2;
+    QTest::addRow("forbidden") << 0x0401 << 1 << 1;
+    QTest::addRow("internal error") << 0x0500 << 1 << 1;
+}
+
+void TestRequests::getJobsAsksTheRootWhereTheServerRefuses()
+{
+    QFETCH(int, status);
+    m_server->setHandler([status, count = 0](const auto &) mutable {
+        const bool isFirst = ++count == 1;
+        return FakeIppServer::ok(
+            IppBytes::response(isFirst ? status : 0).group(2).integer(0x21, "job-id", count));
+    });
+    QMap<int, JobInfo> jobs;
+    QTEST(_CUPS->getJobsWithUris(jobs), "growth");
+    QCOMPARE(jobs.size(), jobs.isEmpty() ? 0 : jobs.lastKey());
+    QFETCH(int, requests);
+    QCOMPARE(_CUPS->lastStatus(), requests == 1 ? status : 0);
+    const QList<Expected> expected = {
+        {"/", withUri(0x000A, "ipp://" + m_server->address() + "/jobs/")
+                  .keywords("requested-attributes", JobAttributes)},
+        {"/", withUri(0x000A, "ipp://localhost/").keywords("requested-attributes", JobAttributes)}};
+    compareRequests(expected.first(requests));
 }
 
 void TestRequests::operationRows()
