@@ -1,6 +1,7 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
 #include "Requests.h"
+#include "SavedDestinationRows.h"
 #include "SavedOptionsFiles.h"
 
 #include <QDir>
@@ -542,46 +543,32 @@ void TestCupsOperations::refusedRequest()
 
 void TestCupsOperations::destinations_data()
 {
-    QTest::addColumn<QByteArray>("systemText");
-    QTest::addColumn<QByteArray>("userText");
-    QTest::addColumn<QByteArray>("printer");
-    QTest::addColumn<QString>("defaultName");
-    const auto row = [](const char *title, const char *systemText, const char *userText,
-                        const char *printer, const char *defaultName) {
-        QTest::addRow("%s", title) << QByteArray(systemText) << QByteArray(userText)
-                                   << QByteArray(printer) << QString::fromLatin1(defaultName);
-    };
-    row("nothing saved", "", "", nullptr, "Laser");
-    row("as the world has it", "", "Default Laser\nDest Laser/draft Duplex=DuplexNoTumble\n",
-        nullptr, "Laser");
-    row("default with options", "", "Dest Laser Duplex=DuplexNoTumble\n", nullptr, "Laser");
-    row("default with an instance", "", "Dest Laser/draft a=1\n", nullptr, "Laser");
-    row("user's default", "", "Default Photo a=1\n", nullptr, "Photo");
-    row("default instance", "", "Default Photo/glossy a=1\nDest Photo b=1\n", nullptr,
-        "Photo/glossy");
-    row("system's default", "Default Plain\n", "Dest Photo b=1\n", nullptr, "Plain");
-    row("both", "Default Plain a=1\nDest Laser/sys b=1\n",
-        "Default Office c=1\nDest Laser/own d=1\nDest Plain/x e=1\n", nullptr, "Office");
-    row("stale entries", "Dest Gone a=1\n", "Dest Other/i b=1\nDest Laser/i c=1\n", nullptr,
-        "Laser");
-    row("stale default", "", "Default Gone a=1\n", nullptr, "");
-    row("comments", "# none\n", "Dest Laser/i a=1 # more\n#Dest Photo/j\n", nullptr, "Laser");
-    row("environment", "", "Default Photo a=1\n", "Plain", "Plain");
-    row("environment: instance", "", "Dest Plain/x a=1\n", "Plain/x", "Plain/x");
-    row("environment: unknown", "", "Default Photo a=1\n", "Gone", "");
-    row("environment: lp", "", "Default Photo a=1\n", "lp", "Photo");
+    SavedDestinationRows::add(std::to_array<SavedDestinationRows::Row>({
+        {"nothing saved", "", "", nullptr, "Laser"},
+        {"as the world has it", "", "Default Laser\nDest Laser/draft Duplex=DuplexNoTumble\n",
+         nullptr, "Laser"},
+        {"default with options", "", "Dest Laser Duplex=DuplexNoTumble\n", nullptr, "Laser"},
+        {"default with an instance", "", "Dest Laser/draft a=1\n", nullptr, "Laser"},
+        {"user's default", "", "Default Photo a=1\n", nullptr, "Photo"},
+        {"default instance", "", "Default Photo/glossy a=1\nDest Photo b=1\n", nullptr,
+         "Photo/glossy"},
+        {"system's default", "Default Plain\n", "Dest Photo b=1\n", nullptr, "Plain"},
+        {"both", "Default Plain a=1\nDest Laser/sys b=1\n",
+         "Default Office c=1\nDest Laser/own d=1\nDest Plain/x e=1\n", nullptr, "Office"},
+        {"stale entries", "Dest Gone a=1\n", "Dest Other/i b=1\nDest Laser/i c=1\n", nullptr,
+         "Laser"},
+        {"stale default", "", "Default Gone a=1\n", nullptr, ""},
+        {"comments", "# none\n", "Dest Laser/i a=1 # more\n#Dest Photo/j\n", nullptr, "Laser"},
+        {"environment", "", "Default Photo a=1\n", "Plain", "Plain"},
+        {"environment: instance", "", "Dest Plain/x a=1\n", "Plain/x", "Plain/x"},
+        {"environment: unknown", "", "Default Photo a=1\n", "Gone", ""},
+        {"environment: lp", "", "Default Photo a=1\n", "lp", "Photo"},
+    }));
 }
 
 void TestCupsOperations::destinations()
 {
-    QFETCH(QByteArray, systemText);
-    QFETCH(QByteArray, userText);
-    QFETCH(QByteArray, printer);
-    writeFile(systemFile(), systemText);
-    writeFile(userFile(), userText);
-    if (!printer.isNull())
-        qputenv("PRINTER", printer);
-
+    SavedDestinationRows::apply();
     QStringList expected;
     QString libraryDefault;
     for (const cups_dest_t &destination : libraryDestinations()) {
@@ -597,7 +584,7 @@ void TestCupsOperations::destinations()
             defaults.append(fullName(entry));
     }
     QCOMPARE(found, expected);
-    QTEST(defaults.join(u' '), "defaultName");
+    QTEST(defaults.join(u' '), "expected");
     // The library leaves some defaults without a mark, but it marks no other.
     if (!libraryDefault.isEmpty())
         QCOMPARE(defaults, QStringList(libraryDefault));
@@ -614,10 +601,7 @@ void TestCupsOperations::namedDestinations_data()
 
 void TestCupsOperations::namedDestinations()
 {
-    QFETCH(QByteArray, systemText);
-    QFETCH(QByteArray, userText);
-    writeFile(systemFile(), systemText);
-    writeFile(userFile(), userText);
+    SavedDestinationRows::writeFiles();
     const Cups::DestinationArray all = libraryDestinations();
     QVERIFY(all.count() >= 6);
     for (const cups_dest_t &expected : all) {

@@ -1,12 +1,15 @@
 #include "Destinations.h"
 #include "FakeIppServer.h"
 #include "IppBytes.h"
+#include "SavedDestinationRows.h"
 #include "SavedOptionsFiles.h"
 
 #include <QDeadlineTimer>
 #include <QProcess>
 #include <QTest>
 #include <QThread>
+
+#include <array>
 
 using Destinations::Entry;
 using Destinations::SavedEntry;
@@ -224,51 +227,38 @@ void TestDestinations::environmentDefault()
 
 void TestDestinations::list_data()
 {
-    QTest::addColumn<QByteArray>("systemText");
-    QTest::addColumn<QByteArray>("userText");
-    QTest::addColumn<QByteArray>("printer");
-    QTest::addColumn<QString>("entries");
-    const auto row = [](const char *title, const char *systemText, const char *userText,
-                        const char *printer, const char *entries) {
-        QTest::addRow("%s", title) << QByteArray(systemText) << QByteArray(userText)
-                                   << QByteArray(printer) << QString::fromLatin1(entries);
-    };
-    row("the server's alone", "", "", nullptr, "*Laser office Photo");
-    row("options of queues", "Dest Laser a=1\n", "Dest Photo b=1\n", nullptr,
-        "*Laser office Photo");
-    row("instances", "Dest Laser/draft a=1\n", "Dest Photo/x b=1\nDest Laser/Best c=1\n", nullptr,
-        "*Laser Laser/Best Laser/draft office Photo Photo/x");
-    row("instances of nobody", "Dest Gone/draft a=1\n", "Dest Other/x b=1\n", nullptr,
-        "*Laser office Photo");
-    row("instance twice", "Dest Laser/draft a=1\n", "Dest Laser/draft b=1\n", nullptr,
-        "*Laser Laser/draft office Photo");
-    row("user's default", "", "Default Photo a=1\n", nullptr, "Laser office *Photo");
-    row("system's default", "Default Photo a=1\n", "", nullptr, "Laser office *Photo");
-    row("user's before system's", "Default Photo a=1\n", "Default office\n", nullptr,
-        "Laser *office Photo");
-    row("last default", "", "Default Photo a=1\nDefault office\n", nullptr, "Laser *office Photo");
-    row("default instance", "", "Default Photo/x a=1\n", nullptr, "Laser office Photo *Photo/x");
-    row("unknown default", "", "Default Gone a=1\n", nullptr, "Laser office Photo");
-    row("names in another case", "", "Dest laser/two a=1\nDefault PHOTO a=1\n", nullptr,
-        "Laser Laser/two office *Photo");
-    row("environment", "", "Default Photo a=1\n", "office", "Laser *office Photo");
-    row("environment's instance", "", "Dest Photo/x a=1\n", "Photo/x",
-        "Laser office Photo *Photo/x");
-    row("environment's unknown", "", "Default Photo a=1\n", "Gone", "Laser office Photo");
-    row("environment's unknown instance", "", "", "Laser/gone", "Laser office Photo");
-    row("environment's other case", "", "", "OFFICE", "Laser *office Photo");
+    SavedDestinationRows::add(std::to_array<SavedDestinationRows::Row>({
+        {"the server's alone", "", "", nullptr, "*Laser office Photo"},
+        {"options of queues", "Dest Laser a=1\n", "Dest Photo b=1\n", nullptr,
+         "*Laser office Photo"},
+        {"instances", "Dest Laser/draft a=1\n", "Dest Photo/x b=1\nDest Laser/Best c=1\n", nullptr,
+         "*Laser Laser/Best Laser/draft office Photo Photo/x"},
+        {"instances of nobody", "Dest Gone/draft a=1\n", "Dest Other/x b=1\n", nullptr,
+         "*Laser office Photo"},
+        {"instance twice", "Dest Laser/draft a=1\n", "Dest Laser/draft b=1\n", nullptr,
+         "*Laser Laser/draft office Photo"},
+        {"user's default", "", "Default Photo a=1\n", nullptr, "Laser office *Photo"},
+        {"system's default", "Default Photo a=1\n", "", nullptr, "Laser office *Photo"},
+        {"user's before system's", "Default Photo a=1\n", "Default office\n", nullptr,
+         "Laser *office Photo"},
+        {"last default", "", "Default Photo a=1\nDefault office\n", nullptr, "Laser *office Photo"},
+        {"default instance", "", "Default Photo/x a=1\n", nullptr, "Laser office Photo *Photo/x"},
+        {"unknown default", "", "Default Gone a=1\n", nullptr, "Laser office Photo"},
+        {"names in another case", "", "Dest laser/two a=1\nDefault PHOTO a=1\n", nullptr,
+         "Laser Laser/two office *Photo"},
+        {"environment", "", "Default Photo a=1\n", "office", "Laser *office Photo"},
+        {"environment's instance", "", "Dest Photo/x a=1\n", "Photo/x",
+         "Laser office Photo *Photo/x"},
+        {"environment's unknown", "", "Default Photo a=1\n", "Gone", "Laser office Photo"},
+        {"environment's unknown instance", "", "", "Laser/gone", "Laser office Photo"},
+        {"environment's other case", "", "", "OFFICE", "Laser *office Photo"},
+    }));
 }
 
 void TestDestinations::list()
 {
-    QFETCH(QByteArray, systemText);
-    QFETCH(QByteArray, userText);
-    QFETCH(QByteArray, printer);
-    writeFile(systemFile(), systemText);
-    writeFile(userFile(), userText);
-    if (!printer.isNull())
-        qputenv("PRINTER", printer);
-    QTEST(described(Destinations::listWithoutDiscovery()), "entries");
+    SavedDestinationRows::apply();
+    QTEST(described(Destinations::listWithoutDiscovery()), "expected");
     const auto requests = m_server->takeRequests();
     QVERIFY(requests.size() <= 2);
     QVERIFY(requests.constFirst().message.contains("requested-attributes"));

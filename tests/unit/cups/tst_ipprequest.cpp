@@ -2,8 +2,8 @@
 #include "IPPRequest.h"
 #include "IppBytes.h"
 #include "LogTail.h"
+#include "OwnProcess.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -467,28 +467,14 @@ void TestIPPRequest::brokenResponse()
     QVERIFY(!request.send());
 }
 
-namespace
-{
-/** Runs one test function of this executable in a process with another log folder. */
-int runAlone(const QString &root, const QStringList &arguments)
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("VESK_RELOCATED_ROOT"), root);
-    process.setProcessEnvironment(environment);
-    process.start(QCoreApplication::applicationFilePath(), arguments);
-    process.waitForFinished();
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-}
-} // namespace
-
 void TestIPPRequest::missingLogIsSkipped()
 {
-    QCOMPARE(
-        runAlone(QStringLiteral("/nonexistent"),
-                 {QStringLiteral("newRequestHasCharsetAndLanguage"),
-                  QStringLiteral("addersAfterSendDoNothing"), QStringLiteral("brokenResponse")}),
-        0);
+    const auto run = OwnProcess::run(QStringLiteral("/nonexistent"),
+                                     {QStringLiteral("newRequestHasCharsetAndLanguage"),
+                                      QStringLiteral("addersAfterSendDoNothing"),
+                                      QStringLiteral("brokenResponse")});
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.errors, "");
 }
 
 QTEST_GUILESS_MAIN(TestIPPRequest)
