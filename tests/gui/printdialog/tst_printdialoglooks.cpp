@@ -58,13 +58,7 @@ void verifyLayout(const PrintDialog &dialog)
 {
     const QList<QWidget *> widgets = leaves(dialog);
     QCOMPARE(widgets.size(), 25);
-    for (const QWidget *widget : widgets) {
-        QVERIFY2(hasRoom(widget), qPrintable(widget->objectName()));
-        QVERIFY2(dialog.rect().contains(areaOf(widget)), qPrintable(widget->objectName()));
-        for (const QWidget *other : widgets)
-            QVERIFY2(other == widget || !areaOf(other).intersects(areaOf(widget)),
-                     qPrintable(widget->objectName() + u' ' + other->objectName()));
-    }
+    QCOMPARE(misplaced(dialog, widgets), QString());
 }
 
 QList<QRgb> opaqueColours(const QImage &image)
@@ -91,9 +85,7 @@ void TestPrintDialogLooks::initTestCase()
 void TestPrintDialogLooks::layout_data()
 {
     QTest::addColumn<QString>("printer");
-    QTest::addColumn<bool>("dark");
-    QTest::addColumn<bool>("mirrored");
-    QTest::addColumn<bool>("wordy");
+    Look::addColumns();
     QTest::newRow("plain") << "Laser" << false << false << false;
     QTest::newRow("dark") << "Laser" << true << false << false;
     QTest::newRow("mirrored") << "Laser" << false << true << false;
@@ -106,10 +98,8 @@ void TestPrintDialogLooks::layout_data()
 void TestPrintDialogLooks::layout()
 {
     QFETCH(QString, printer);
-    QFETCH(bool, dark);
     QFETCH(bool, mirrored);
-    QFETCH(bool, wordy);
-    const Look look(dark, mirrored, wordy);
+    const Look look = Look::ofRow();
     PrintDialog dialog(printer, PrinterOptions(), services());
     dialog.show();
     QVERIFY(QTest::qWaitForWindowExposed(&dialog));

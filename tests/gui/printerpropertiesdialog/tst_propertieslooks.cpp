@@ -46,14 +46,7 @@ void verifyTab(const PrinterPropertiesDialog &dialog)
 {
     const QList<QWidget *> widgets = leaves(dialog);
     QVERIFY(widgets.size() > 4);
-    for (const QWidget *widget : widgets) {
-        const QString name = widget->objectName();
-        QVERIFY2(hasRoom(widget), qPrintable(name));
-        QVERIFY2(dialog.rect().contains(areaOf(widget)), qPrintable(name));
-        for (const QWidget *other : widgets)
-            QVERIFY2(other == widget || !areaOf(other).intersects(areaOf(widget)),
-                     qPrintable(name + u' ' + other->objectName()));
-    }
+    QCOMPARE(misplaced(dialog, widgets), QString());
 }
 } // namespace
 
@@ -65,9 +58,7 @@ void TestPropertiesLooks::initTestCase()
 void TestPropertiesLooks::layout_data()
 {
     QTest::addColumn<QString>("printer");
-    QTest::addColumn<bool>("dark");
-    QTest::addColumn<bool>("mirrored");
-    QTest::addColumn<bool>("wordy");
+    Look::addColumns();
     QTest::newRow("plain") << "Laser" << false << false << false;
     QTest::newRow("dark") << "Laser" << true << false << false;
     QTest::newRow("mirrored") << "Laser" << false << true << false;
@@ -79,10 +70,8 @@ void TestPropertiesLooks::layout_data()
 void TestPropertiesLooks::layout()
 {
     QFETCH(QString, printer);
-    QFETCH(bool, dark);
     QFETCH(bool, mirrored);
-    QFETCH(bool, wordy);
-    const Look look(dark, mirrored, wordy);
+    const Look look = Look::ofRow();
     const auto dialog = open(printer);
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
     const auto tabs = child<QTabWidget>(*dialog, "TabControl");
@@ -106,10 +95,7 @@ void TestPropertiesLooks::layout()
 void TestPropertiesLooks::fitsASmallScreen()
 {
     QFETCH(QString, printer);
-    QFETCH(bool, dark);
-    QFETCH(bool, mirrored);
-    QFETCH(bool, wordy);
-    const Look look(dark, mirrored, wordy);
+    const Look look = Look::ofRow();
     const auto dialog = open(printer);
     QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
     QVERIFY2(dialog->width() <= 1000 && dialog->height() <= 700,
