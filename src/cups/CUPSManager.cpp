@@ -439,16 +439,24 @@ QString CUPSManager::stateText(int state, bool accepting)
     QString text;
     switch (state) {
     case IPP_PSTATE_IDLE:
+        //: State of a printer: it has nothing to print.
         text = tr("idle");
         break;
     case IPP_PSTATE_PROCESSING:
+        //: State of a printer: it prints.
         text = tr("processing");
         break;
     case IPP_PSTATE_STOPPED:
+        //: State of a printer: it was stopped and prints nothing.
         text = tr("stopped");
         break;
     default:
+        //: State of a printer.
         text = tr("unknown");
     }
-    return text + QStringLiteral(", ") + (accepting ? tr("accepting jobs") : tr("rejecting jobs"));
+    const QString jobs = accepting
+                             //: Follows the state of a printer: "idle, accepting jobs".
+                             ? tr("accepting jobs")
+                             : tr("rejecting jobs");
+    return text + QStringLiteral(", ") + jobs;
 }

@@ -86,6 +86,7 @@ QString askForPassword()
     const IPPRequest::PasswordPrompt &prompt = authentication().prompt;
     if (!prompt)
         return {};
+    //: Title of the window that asks for the password of the system's administrator.
     return prompt(IPPRequest::tr("Authorization"),
                   IPPRequest::tr("Please, enter the root password:"));
 }

@@ -36,7 +36,16 @@ CustomPageSizeView::CustomPageSizeView(QWidget *parent)
     , m_ui(std::make_unique<Ui::CustomPageSizeForm>())
 {
     m_ui->setupUi(this);
-    const std::array<QString, offeredUnits> texts{tr("pt"), tr("mm"), tr("cm"), tr("in")};
+    const std::array<QString, offeredUnits> texts{
+        //: Unit of the size of a page: points, 1/72 inch.
+        tr("pt"),
+        //: Unit of the size of a page: millimeters.
+        tr("mm"),
+        //: Unit of the size of a page: centimeters.
+        tr("cm"),
+        //: Unit of the size of a page: inches.
+        tr("in"),
+    };
     for (int i = 0; i < offeredUnits; ++i)
         m_ui->m_unitsComboBox->addItem(texts[static_cast<size_t>(i)], i);
 
@@ -142,9 +151,11 @@ void CustomPageSizeView::showLimits(const Limits &limits)
     };
     const QString unitText = m_ui->m_unitsComboBox->currentText();
     m_ui->m_widthLabel->setText(
+        //: The width of a page: the smallest, the greatest, the unit.
         tr("Width [%1-%2] %3:")
             .arg(text(limits.minimumWidth), text(limits.maximumWidth), unitText));
     m_ui->m_heightLabel->setText(
+        //: The height of a page: the smallest, the greatest, the unit.
         tr("Height [%1-%2] %3:")
             .arg(text(limits.minimumHeight), text(limits.maximumHeight), unitText));
 }

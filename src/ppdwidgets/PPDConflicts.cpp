@@ -38,6 +38,7 @@ QString conflictMessage(const ppd_file_t *ppd)
     QStringList lines = ppd ? conflictLines(ppd) : QStringList();
     if (lines.isEmpty())
         return {};
+    //: Followed by a list of the options.
     lines.prepend(QCoreApplication::translate(
         "PPDTreeView", "You selected options that are in conflict. Try to resolve the\n"
                        "problem before continuing:\n"));

@@ -43,6 +43,7 @@ void PPDNumericView::setRange(double min, double max)
     }
     m_ui->labelMin->setText(limitText(lowest));
     m_ui->labelMax->setText(limitText(highest));
+    //: The smallest and the greatest number that may be chosen.
     const QString range = tr("From %1 to %2").arg(limitText(lowest), limitText(highest));
     m_ui->editValue->setToolTip(range);
     m_ui->sliderValue->setToolTip(range);

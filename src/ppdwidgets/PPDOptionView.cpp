@@ -175,6 +175,7 @@ PPDOptionView::Shown PPDOptionView::showRow()
         return {showOption(*row), QString::fromUtf8(row->m_option->text)};
     }
     m_item = nullptr;
+    //: In place of the editor of a driver option.
     return {EmptyPage, tr("No option selected")};
 }
 

@@ -30,11 +30,6 @@ constexpr QLatin1StringView closing(">");
 /** The pictures' height; rows without a picture are as high as those that have one. */
 constexpr int pictureHeight = 16;
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("PPDTreeView", text);
-}
-
 template <typename T> std::span<T> spanOf(T *first, int count)
 {
     return {first, static_cast<size_t>(count)};
@@ -151,7 +146,10 @@ QVariant BaseItem::data(int column, int role) const
 {
     if (role != Qt::AccessibleTextRole || column != treeColumn)
         return QTreeWidgetItem::data(column, role);
-    return m_conflict ? text(treeColumn) + translated(", in conflict") : text(treeColumn);
+    if (!m_conflict)
+        return text(treeColumn);
+    //: Follows the name of a driver option, for screen readers: "Duplex: <On>, in conflict".
+    return text(treeColumn) + QCoreApplication::translate("PPDTreeView", ", in conflict");
 }
 
 void BaseItem::setConflict(bool on)
@@ -381,7 +379,9 @@ void OptionItem::updateText()
 
 QString OptionItem::valueText() const
 {
-    return m_choice ? PPDText::utf8(m_choice->text) : translated("Undefined");
+    //: The value of a driver option of which nothing is chosen: "Duplex: <Undefined>".
+    return m_choice ? PPDText::utf8(m_choice->text)
+                    : QCoreApplication::translate("PPDTreeView", "Undefined");
 }
 
 /** Whether the choice is a custom one, which setCustomValue marks together with its value. */

@@ -94,6 +94,7 @@ void PPDTreeView::checkConstraints()
     if (message.isEmpty())
         return;
     // The view may die while the box is open, and takes the box with it.
+    //: Title of a message about driver options that exclude each other.
     QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Warning, tr("Driver configuration"),
                                                 message, QMessageBox::Ok, this);
     box->setTextFormat(Qt::PlainText);

@@ -17,6 +17,7 @@ namespace
 {
 QString rangeText(const QLocale &locale, double minimum, double maximum, int digits)
 {
+    //: The smallest and the greatest number that may be typed.
     return QCoreApplication::translate("Param", "From %1 to %2")
         .arg(EditorText::shown(locale, minimum, digits),
              EditorText::shown(locale, maximum, digits));
@@ -65,6 +66,7 @@ struct Points : Fractional<&ppd_cplimit_t::custom_points, &ppd_cpvalue_t::custom
     static bool isHidden(const ppd_cparam_t &) { return false; }
     static void fill(QDoubleSpinBox &editor, const ppd_cparam_t &param)
     {
+        //: Unit behind a number: points, 1/72 inch. Begins with a blank.
         editor.setSuffix(QCoreApplication::translate("Param", " pt"));
         Fractional::fill(editor, param);
     }

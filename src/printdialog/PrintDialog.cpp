@@ -344,7 +344,9 @@ void PrintDialog::SetAsDefault()
                                           {QStringLiteral("-d"), m_destination}, limit);
     ui->SetAsDefButton->setEnabled(false);
     if (status != 0)
-        refuse(tr("Error!"), tr("\"%1\" could not be made the default.").arg(m_destination));
+        refuse(tr("Error!"),
+               //: %1 is the name of a printer.
+               tr("\"%1\" could not be made the default.").arg(m_destination));
 }
 
 void PrintDialog::ShowHelp()
@@ -429,11 +431,14 @@ bool PrintDialog::acceptsPages(const PageAndCopies &choice)
         return true;
     // Each placeholder is %1, so the page text fills all three of them. Only a translation that
     // numbers them shows the position and the item.
-    refuse(tr("Error!"), tr("Invalid page ranges \"%1\"\n"
-                            "Error at position %1: invalid range value \"%1\"")
-                             .arg(choice.pageText)
-                             .arg(check.position)
-                             .arg(check.item));
+    refuse(tr("Error!"),
+           //: Number the placeholders in a translation: %1 is all that was typed, %2 the position
+           //: of the error in it, %3 what stands there.
+           tr("Invalid page ranges \"%1\"\n"
+              "Error at position %1: invalid range value \"%1\"")
+               .arg(choice.pageText)
+               .arg(check.position)
+               .arg(check.item));
     ui->PagesEdit->setFocus();
     ui->PagesEdit->setSelection(static_cast<int>(check.position),
                                 static_cast<int>(check.item.size()));

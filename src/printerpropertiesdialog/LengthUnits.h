@@ -22,8 +22,11 @@ inline constexpr const char translationContext[] = "LengthUnits";
 
 /** In the order of the list of units. */
 inline constexpr std::array<LengthUnit, 3> all{{
+    //: Unit of the margins: 1/72 inch.
     {QT_TRANSLATE_NOOP("LengthUnits", "points"), 1, 1, 0},
+    //: Unit of the margins: tenths of an inch.
     {QT_TRANSLATE_NOOP("LengthUnits", "1/10 inches"), 72, 10, 1},
+    //: Unit of the margins: millimeters.
     {QT_TRANSLATE_NOOP("LengthUnits", "mm"), 720, 254, 1},
 }};
 

@@ -9,6 +9,7 @@ namespace
 {
 QString removedText(const QString &name)
 {
+    //: One of the changes that are listed: the option %1 is no longer set.
     return QCoreApplication::translate("OptionChanges", "%1 (removed)").arg(name);
 }
 } // namespace

@@ -402,7 +402,9 @@ bool PrinterPropertiesDialog::refusesConflict()
 {
     if (!ui->ppdTreeView->m_hasConflicts)
         return false;
+    //: Title of a message. Keep the name lpr.
     tell(tr("LPR GUI: Options Conflict"),
+         //: "Advanced" is the tab of that name.
          tr("Some options selected are in conflict.\nResolve those conflicts before "
             "continuing.\nHint: click Advanced on Device tab.\nConflicting options will be shown "
             "in red color.\n"));
@@ -423,6 +425,7 @@ void PrinterPropertiesDialog::save()
     const OptionChanges::Values values = OptionChanges::values(m_options);
     if (!m_options.save(m_destination)) {
         tell(tr("Options Not Saved"),
+             //: %1 is the name of a printer.
              tr("The options of \"%1\" could not be saved: the print server does not answer, or "
                 "the file of the saved options cannot be written. The changes are listed below; "
                 "they will not apply to what you print.")
@@ -433,6 +436,7 @@ void PrinterPropertiesDialog::save()
     m_savedValues = values;
     if (!isKnown(m_destination))
         tell(tr("Unknown Printer"),
+             //: %1 is the name of a printer.
              tr("The print server no longer knows \"%1\". Its options were saved on this computer "
                 "for the case that it comes back.")
                  .arg(m_destination));

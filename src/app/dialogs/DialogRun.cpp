@@ -25,6 +25,7 @@ const QString DestinationKey = QStringLiteral("P");
 
 QStringList askForFiles()
 {
+    //: Title of the window in which files are chosen.
     return QFileDialog::getOpenFileNames(
         nullptr, QCoreApplication::translate("main", "Select file(s) to print"), QDir::homePath());
 }

@@ -119,6 +119,7 @@ void show(const QString &topic)
     if (openInCompanion(asked) || openInBrowser(asked))
         return;
     QMessageBox::information(
+        //: Title of a message that says that the help could not be shown.
         nullptr, QCoreApplication::translate("HelpLauncher", "Help"),
         QCoreApplication::translate("HelpLauncher", "The help page \"%1\" could not be opened.")
             .arg(pageName(asked)));

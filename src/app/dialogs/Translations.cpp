@@ -10,6 +10,12 @@
 
 #include <algorithm>
 
+// What the toolkit asks its catalogues for to know which way its windows run. Asking ours, too,
+// makes the layout follow our texts where the toolkit's catalogues are not installed.
+//: Not shown. "RTL" if the language is written from right to left, else "LTR".
+[[maybe_unused]] constexpr char layoutDirection[] =
+    QT_TRANSLATE_NOOP("QGuiApplication", "QT_LAYOUT_DIRECTION");
+
 namespace Translations
 {
 QStringList directories(const QStringList &extraDirectories)
