@@ -1,0 +1,48 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>CUPSManager</name>
+    <message>
+        <source>idle</source>
+        <extracomment>State of a printer: it has nothing to print.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>processing</source>
+        <extracomment>State of a printer: it prints.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <extracomment>State of a printer: it was stopped and prints nothing.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <extracomment>State of a printer.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>accepting jobs</source>
+        <extracomment>Follows the state of a printer: &quot;idle, accepting jobs&quot;.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>rejecting jobs</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>IPPRequest</name>
+    <message>
+        <source>Authorization</source>
+        <extracomment>Title of the window that asks for the password of the system&apos;s administrator.</extracomment>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please, enter the root password:</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,42 @@
+"""Which catalogues of texts there are, and from which sources each takes its texts."""
+
+import pathlib
+import shutil
+import subprocess
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parent
+
+FOLDERS = {
+    "vesk": ["src/app"],
+    "CupsInt": ["src/cups", "src/base"],
+    "ppdwidgets": ["src/ppdwidgets", "src/widgets"],
+    "printdialog": ["src/printdialog", "src/printerpropertiesdialog"],
+}
+
+
+def languages():
+    """The languages and whether each is complete, in the order of the file."""
+    lines = (line.split() for line in (HERE / "languages").read_text().splitlines())
+    return {words[0]: "incomplete" not in words for words in lines
+            if words and not words[0].startswith("#")}
+
+
+def source_file(catalogue, language, folder=HERE):
+    return folder / f"{catalogue}_{language}.ts"
+
+
+def lupdate(catalogue, language, folder=HERE):
+    """Brings the file of a catalogue up to date with the sources; a missing one is made."""
+    tool = shutil.which("lupdate", path=_toolkit_programs())
+    subprocess.run(
+        [tool, "-silent", "-locations", "none", "-no-obsolete",
+         *(ROOT / source for source in FOLDERS[catalogue]),
+         "-source-language", "en", "-target-language", language,
+         "-ts", source_file(catalogue, language, folder)],
+        check=True)
+
+
+def _toolkit_programs():
+    return subprocess.run(["qtpaths6", "--query", "QT_INSTALL_BINS"], check=True, text=True,
+                          stdout=subprocess.PIPE).stdout.strip()
