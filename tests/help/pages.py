@@ -21,8 +21,8 @@ class Picture(NamedTuple):
 
 
 class Page(HTMLParser):
-    """One page. `mistakes` says what is wrong with its markup, `quotes` are the texts that it says
-    the program shows, `sections` the anchors of its chapters."""
+    """One page. `mistakes` says what is wrong with its markup, `sections` are the anchors of its
+    chapters, `quotes` the texts that it says the program shows, each after its heading's anchor."""
 
     def __init__(self, path):
         super().__init__()
@@ -38,6 +38,8 @@ class Page(HTMLParser):
         self.mistakes = []
         self._open = []
         self._others = []
+        self._heading = None
+        self._quote = ""
         self._quote_depth = 0
         with open(path, encoding="utf-8") as file:
             text = file.read()
@@ -58,6 +60,7 @@ class Page(HTMLParser):
             self.anchors.append(attributes["id"])
         if tag in _HEADINGS:
             self.headings.append(_HEADINGS[tag])
+            self._heading = attributes.get("id")
         if tag == "h2" and attributes.get("id") != "contents":
             self.sections.append(attributes.get("id"))
         if tag == "a":
@@ -70,7 +73,7 @@ class Page(HTMLParser):
             self.pictures.append(Picture(attributes["src"], attributes.get("alt", ""), self._others))
             self._others = []
         if attributes.get("class") == "ui":
-            self.quotes.append("")
+            self._quote = ""
             self._quote_depth = len(self._open)
 
     def handle_endtag(self, tag):
@@ -78,13 +81,13 @@ class Page(HTMLParser):
             self.mistakes.append("closed, but not open: %s in line %d" % (tag, self.getpos()[0]))
             return
         if len(self._open) == self._quote_depth:
-            self.quotes[-1] = words(self.quotes[-1])
+            self.quotes.append((self._heading, words(self._quote)))
             self._quote_depth = 0
         self._open.pop()
 
     def handle_data(self, data):
         if self._quote_depth:
-            self.quotes[-1] += data
+            self._quote += data
         if self._open and self._open[-1] == "title":
             self.title += data
 
