@@ -98,9 +98,7 @@ extern "C" Q_DECL_EXPORT DialogRun::Outcome vesk_run_dialogs(DialogRun &run)
     run.toolkitArguments.push_back(nullptr);
     QApplication application(argc, run.toolkitArguments.data());
     findPlugins(QFile::decodeName(run.programPath.c_str()));
-    Translations::install({QStringLiteral("vesk"), QStringLiteral("CupsInt"),
-                           QStringLiteral("ppdwidgets"), QStringLiteral("printdialog")},
-                          {});
+    Translations::installToolkit(Translations::install(Translations::catalogues(), {}), {});
     PasswordPrompt::install();
 
     if (run.files.empty())

@@ -16,6 +16,27 @@
 [[maybe_unused]] constexpr char layoutDirection[] =
     QT_TRANSLATE_NOOP("QGuiApplication", "QT_LAYOUT_DIRECTION");
 
+namespace
+{
+const QString toolkitCatalogue = QStringLiteral("qtbase");
+const QString separator = QStringLiteral("_");
+
+/** Installs the catalogue of the first directory from which `load` reads one; returns its language.
+ */
+template <typename Load> QString installFirst(const QStringList &extraDirectories, const Load &load)
+{
+    auto *translator = new QTranslator(QCoreApplication::instance());
+    const QStringList directories = Translations::directories(extraDirectories);
+    const bool loaded =
+        std::any_of(directories.begin(), directories.end(),
+                    [&](const QString &directory) { return load(*translator, directory); });
+    if (!loaded)
+        return {};
+    QCoreApplication::installTranslator(translator);
+    return translator->language();
+}
+} // namespace
+
 namespace Translations
 {
 QStringList directories(const QStringList &extraDirectories)
@@ -26,16 +47,32 @@ QStringList directories(const QStringList &extraDirectories)
                QLibraryInfo::path(QLibraryInfo::TranslationsPath)};
 }
 
-void install(const QStringList &catalogues, const QStringList &extraDirectories)
+QStringList catalogues()
 {
-    const QStringList searched = directories(extraDirectories);
+    return {QStringLiteral("vesk"), QStringLiteral("CupsInt"), QStringLiteral("ppdwidgets"),
+            QStringLiteral("printdialog")};
+}
+
+QString install(const QStringList &catalogues, const QStringList &extraDirectories)
+{
+    QString language;
     for (const QString &catalogue : catalogues) {
-        auto *translator = new QTranslator(QCoreApplication::instance());
-        const auto loadsFrom = [&](const QString &directory) {
-            return translator->load(QLocale::system(), catalogue, QStringLiteral("_"), directory);
-        };
-        if (std::any_of(searched.begin(), searched.end(), loadsFrom))
-            QCoreApplication::installTranslator(translator);
+        const QString installed =
+            installFirst(extraDirectories, [&](QTranslator &translator, const QString &directory) {
+                return translator.load(QLocale::system(), catalogue, separator, directory);
+            });
+        if (language.isEmpty())
+            language = installed;
     }
+    return language;
+}
+
+void installToolkit(const QString &language, const QStringList &extraDirectories)
+{
+    if (language.isEmpty())
+        return;
+    installFirst(extraDirectories, [&](QTranslator &translator, const QString &directory) {
+        return translator.load(toolkitCatalogue + separator + language, directory);
+    });
 }
 } // namespace Translations

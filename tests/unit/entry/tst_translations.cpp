@@ -41,8 +41,10 @@ quint32 hashOf(const QByteArray &text)
 }
 
 /** A compiled catalogue with one text, of any context, in its binary form. */
-QByteArray catalogue(const QByteArray &source, const QString &translation)
+QByteArray catalogue(const QByteArray &source, const QString &translation,
+                     const QByteArray &language = {})
 {
+    constexpr char Language = '\xa7';
     constexpr char Hashes = 0x42;
     constexpr char Messages = 0x69;
     constexpr char Translation = 3;
@@ -51,6 +53,7 @@ QByteArray catalogue(const QByteArray &source, const QString &translation)
     QByteArray text(translation.size() * 2, '\0');
     qToBigEndian<char16_t>(translation.utf16(), translation.size(), text.data());
     return QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd") +
+           (language.isEmpty() ? QByteArray() : part(Language, language)) +
            part(Hashes, number32(hashOf(source)) + number32(0)) +
            part(Messages, part(Translation, text) + part(SourceText, source) + End);
 }
@@ -85,6 +88,9 @@ private slots:
     void leavesOtherLanguagesAlone();
     void doesWithoutCatalogues();
     void doesWithoutAReadableCatalogue();
+    void saysTheLanguage();
+    void toolkitSpeaksThatLanguage();
+    void toolkitSpeaksEnglishOtherwise();
 
 private:
     QString path(const QString &name) const { return m_root->filePath(name); }
@@ -193,6 +199,32 @@ void TestTranslations::doesWithoutAReadableCatalogue()
           catalogue("Paper", QStringLiteral("Papier")));
     Translations::install(Catalogues, {path(QStringLiteral("one"))});
     QCOMPARE(translated("Paper"), QStringLiteral("Papier"));
+}
+
+void TestTranslations::saysTheLanguage()
+{
+    QCOMPARE(Translations::install(Catalogues, {}), QString());
+    write(path(QStringLiteral("share/tr/printdialog_de.qm")),
+          catalogue("Ink", QStringLiteral("Tinte"), "de"));
+    QCOMPARE(Translations::install(Catalogues, {}), QStringLiteral("de"));
+}
+
+void TestTranslations::toolkitSpeaksThatLanguage()
+{
+    write(path(QStringLiteral("share/tr/qtbase_fr.qm")),
+          catalogue("Paper", QStringLiteral("Papier fr"), "fr"));
+    write(path(QStringLiteral("share/tr/qtbase_de.qm")),
+          catalogue("Paper", QStringLiteral("Papier de"), "de"));
+    Translations::installToolkit(QStringLiteral("fr"), {});
+    QCOMPARE(translated("Paper"), QStringLiteral("Papier fr"));
+}
+
+void TestTranslations::toolkitSpeaksEnglishOtherwise()
+{
+    write(path(QStringLiteral("share/tr/qtbase_de.qm")),
+          catalogue("Paper", QStringLiteral("Papier"), "de"));
+    Translations::installToolkit(Translations::install(Catalogues, {}), {});
+    QCOMPARE(translated("Paper"), QStringLiteral("Paper"));
 }
 
 QTEST_GUILESS_MAIN(TestTranslations)
