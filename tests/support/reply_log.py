@@ -6,8 +6,8 @@ _END = 0x03
 _PRINTER_GROUP = 0x04
 _DELIMITERS = range(0x00, 0x10)
 _BEGIN_COLLECTION, _END_COLLECTION = 0x34, 0x37
-_INTEGER = 0x21
-_TEXTS = (0x30, 0x41, 0x42, 0x45, 0x49)
+_INTEGER, _OCTETS = 0x21, 0x30
+_TEXTS = (_OCTETS, 0x41, 0x42, 0x45, 0x49)
 _MEMBERS = (b"member-uris", b"member-names")
 
 
@@ -54,7 +54,7 @@ def _entry(name, values):
     text += b"Value tag: 0x%x\r\n" % tag
     if tag == _INTEGER:
         text += b"Integer: %d\r\n" % struct.unpack(">i", value)
-    elif tag in _TEXTS:
+    elif tag in _TEXTS and (value or tag != _OCTETS):  # octets without octets are a null pointer
         text += b"String: %s\r\n" % value.split(b"\0")[0]
     return text
 

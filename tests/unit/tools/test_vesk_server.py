@@ -28,7 +28,7 @@ _PROGRAM = sys.argv.pop(1)
 _SERVER = os.environ["CUPS_SERVER"]
 _LOGS = os.path.join(os.environ["VESK_RELOCATED_ROOT"], "var/tmp")
 
-_INTEGER, _ENUM, _KEYWORD, _URI, _TEXT = 0x21, 0x23, 0x44, 0x45, 0x41
+_ENUM, _KEYWORD, _URI = 0x23, 0x44, 0x45
 _GET_PRINTERS, _GET_CLASSES, _GET_PPDS, _GET_JOBS = 0x4002, 0x4005, 0x400C, 0x000A
 _GET_DEFAULT = 0x4001
 _DUMPED = ("printer-info", "printer-location", "printer-make-and-model", "device-uri",
