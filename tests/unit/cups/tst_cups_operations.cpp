@@ -1,60 +1,25 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
+#include "PrintCommands.h"
 #include "Requests.h"
 #include "SavedDestinationRows.h"
 #include "SavedOptionsFiles.h"
 
-#include <QDir>
-#include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <array>
 
-/** The facade and the destinations against a real server. What is read back, is read by others. */
+/** The listings of the facade and the destinations against a real server, as others see it. */
 
 using Destinations::Entry;
 
+using namespace PrintCommands;
 using namespace SavedOptionsFiles;
 
 namespace
 {
-/** What `program` prints; null when it fails. */
-QString run(const QString &program, const QStringList &arguments, const QString &home = {})
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (!home.isEmpty())
-        environment.insert(QStringLiteral("HOME"), home);
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
-        process.exitCode() != 0)
-        return {};
-    const QByteArray output = process.readAllStandardOutput();
-    return output.isEmpty() ? QStringLiteral("") : QString::fromUtf8(output);
-}
-
-QString run(const char *commandLine)
-{
-    QStringList arguments = QString::fromLatin1(commandLine).split(u' ');
-    const QString program = arguments.takeFirst();
-    return run(program, arguments);
-}
-
-/** What `lpstat` prints for a user without saved options. */
-QString lpstat(const QStringList &arguments)
-{
-    const QTemporaryDir home;
-    return run(QStringLiteral("lpstat"), arguments, home.path());
-}
-
-QString lpstat(const char *arguments)
-{
-    return lpstat(QString::fromLatin1(arguments).split(u' '));
-}
-
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -149,26 +114,6 @@ QStringList optionsOf(const cups_dest_t &destination)
                                         QString::fromLocal8Bit(destination.options[i].value)));
     return options;
 }
-
-/** Jobs of a printer, as lpstat has them: "Laser-12". */
-QStringList jobsOf(const char *name, const char *which = "not-completed")
-{
-    QStringList jobs;
-    const QString text = lpstat({QStringLiteral("-W"), QString::fromLatin1(which),
-                                 QStringLiteral("-o"), QString::fromLatin1(name)});
-    for (const QString &line : text.split(u'\n', Qt::SkipEmptyParts))
-        jobs.append(line.section(u' ', 0, 0));
-    return jobs;
-}
-
-/** Queues a job and returns its id; 0 when that failed. */
-int queueJob(const char *name)
-{
-    const QString text =
-        run(QStringLiteral("lp"), {QStringLiteral("-d"), QString::fromLatin1(name),
-                                   QStringLiteral("-t"), QStringLiteral("My job"), userFile()});
-    return text.section(u' ', 3, 3).section(u'-', 1, 1).toInt();
-}
 } // namespace
 
 class TestCupsOperations : public QObject
@@ -184,19 +129,9 @@ private slots:
     void findsEveryPrinter();
     void listsTheClasses();
     void defaultPrinter();
-    void startsAndStops_data();
-    void startsAndStops();
     void startsTheStoppedPrinter();
     void startsTheRejectingPrinter();
-    void modifiesAPrinter();
-    void changesTheDriver();
-    void sendsAPpd();
-    void modifiesAClass();
     void listsTheDrivers();
-    void printsAFile();
-    void listsAndCancelsJobs();
-    void deletesAPrinter();
-    void deletesAClass();
     void refusedRequest();
 
     void destinations_data();
@@ -324,30 +259,6 @@ void TestCupsOperations::defaultPrinter()
     QCOMPARE(lpstat("-d"), QStringLiteral("system default destination: Laser\n"));
 }
 
-void TestCupsOperations::startsAndStops_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("uri");
-    const QString laser = QStringLiteral("Laser");
-    const QString office = QStringLiteral("Office");
-    QTest::addRow("printer") << laser << uriOf(laser);
-    QTest::addRow("class") << office << uriOf(office, "classes");
-}
-
-void TestCupsOperations::startsAndStops()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, uri);
-    const auto state = [&name] { return lpstat({QStringLiteral("-p"), name}); };
-    const auto acceptance = [&name] { return lpstat({QStringLiteral("-a"), name}); };
-    QVERIFY(_CUPS->stopPrinter(uri.constData()));
-    QVERIFY(state().contains(QStringLiteral(" disabled since ")));
-    QVERIFY(acceptance().contains(QStringLiteral(" not accepting requests ")));
-    QVERIFY(_CUPS->startPrinter(uri.constData()));
-    QVERIFY(state().contains(QStringLiteral(" is idle.  enabled since ")));
-    QVERIFY(acceptance().startsWith(name + QStringLiteral(" accepting requests ")));
-}
-
 void TestCupsOperations::startsTheStoppedPrinter()
 {
     QVERIFY(lpstat("-p Stopped").contains(QStringLiteral(" disabled since ")));
@@ -362,67 +273,6 @@ void TestCupsOperations::startsTheRejectingPrinter()
     QVERIFY(_CUPS->startPrinter(printer("Rejecting").attributes.uri.toLatin1().constData()));
     QVERIFY(!lpstat("-a Rejecting").contains(QStringLiteral(" not accepting requests ")));
     QVERIFY(!run("cupsreject Rejecting").isNull());
-}
-
-void TestCupsOperations::modifiesAPrinter()
-{
-    CUPSPrinter plain = printer("Plain");
-    const CUPSPrinter before = plain;
-    plain.attributes.location = QStringLiteral("Moved away");
-    plain.attributes.description = QStringLiteral("Renamed");
-    plain.attributes.acceptingJobs = false;
-    plain.attributes.state = 5;
-    QVERIFY(_CUPS->modifyPrinter(plain));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    const QString details = lpstat("-l -p Plain");
-    QVERIFY(details.contains(QStringLiteral("Location: Moved away")));
-    QVERIFY(details.contains(QStringLiteral("Description: Renamed")));
-    QVERIFY(details.contains(QStringLiteral(" disabled since ")));
-    QVERIFY(lpstat("-a Plain").contains(QStringLiteral(" not accepting requests ")));
-    QVERIFY(_CUPS->modifyPrinter(before));
-    QCOMPARE(described(printer("Plain").attributes), described(before.attributes));
-}
-
-void TestCupsOperations::changesTheDriver()
-{
-    const QList<DriverInfo> drivers = _CUPS->getPPDs(nullptr);
-    QVERIFY(!drivers.isEmpty());
-    QVERIFY(!run("lpadmin -p Changing -E -v file:/dev/null").isNull());
-    CUPSPrinter changing = printer("Changing");
-    changing.ppdName = drivers.constFirst().driverFile;
-    QVERIFY(_CUPS->modifyPrinter(changing));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    QCOMPARE(printer("Changing").attributes.modelInfo, drivers.constFirst().model);
-    QVERIFY(run("lpoptions -p Changing -l").contains(QStringLiteral("PageSize/")));
-    QVERIFY(!run("lpadmin -x Changing").isNull());
-}
-
-void TestCupsOperations::sendsAPpd()
-{
-    QVERIFY(!run("lpadmin -p Bare -E -v file:/dev/null").isNull());
-    QVERIFY(!run("lpoptions -p Bare -l").contains(QStringLiteral("Duplex/")));
-    QVERIFY(_CUPS->setPrinterPPD(uriOf(QStringLiteral("Bare")).constData(),
-                                 qEnvironmentVariable("CUPS_SERVERROOT") +
-                                     QStringLiteral("/ppd/Laser.ppd")));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    QVERIFY(run("lpoptions -p Bare -l").contains(QStringLiteral("Duplex/")));
-    QVERIFY(!run("lpadmin -x Bare").isNull());
-}
-
-void TestCupsOperations::modifiesAClass()
-{
-    ClassInfo office;
-    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
-    const ClassInfo before = office;
-    office.location = QStringLiteral("Everywhere");
-    office.memberUris = {QString::fromLatin1(uriOf(QStringLiteral("Plain"))),
-                         QString::fromLatin1(uriOf(QStringLiteral("Laser")))};
-    QVERIFY(_CUPS->modifyClass(office));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tPlain\n\tLaser\n"));
-    QVERIFY(lpstat("-l -p Office").contains(QStringLiteral("Location: Everywhere")));
-    QVERIFY(_CUPS->modifyClass(before));
-    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tLaser\n\tPhoto\n"));
 }
 
 void TestCupsOperations::listsTheDrivers()
@@ -444,93 +294,6 @@ void TestCupsOperations::listsTheDrivers()
     QSet<QString> found(names.cbegin(), names.cend());
     found -= QSet<QString>{QStringLiteral("everywhere"), QStringLiteral("raw")};
     QCOMPARE(found, expected);
-}
-
-void TestCupsOperations::printsAFile()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("document.txt"));
-    const QByteArray document = "printed by the facade\n";
-    writeFile(path, document);
-    const QSet<QString> before = [] {
-        const QStringList jobs = jobsOf("Plain", "completed");
-        return QSet<QString>(jobs.cbegin(), jobs.cend());
-    }();
-    QVERIFY(_CUPS->printFile(printer("Plain"), {QStringLiteral("My title"),
-                                                QStringLiteral("application/octet-stream"), path}));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    const auto finished = [&before] {
-        const QStringList jobs = jobsOf("Plain", "completed");
-        return QSet<QString>(jobs.cbegin(), jobs.cend()) - before;
-    };
-    QTRY_COMPARE_WITH_TIMEOUT(finished().size(), 1, 30'000);
-    const int id = finished().cbegin()->section(u'-', 1).toInt();
-    QMap<int, JobInfo> jobs;
-    QVERIFY(_CUPS->getJobs(jobs, "Plain", false) >= 1);
-    QCOMPARE(jobs.value(id).name, QStringLiteral("My title"));
-    QCOMPARE(jobs.value(id).user, QStringLiteral("root"));
-    QCOMPARE(jobs.value(id).state, static_cast<int>(IPP_JSTATE_COMPLETED));
-    // What came out of the printer.
-    const QDir pages(qEnvironmentVariable("VESK_WORLD") + QStringLiteral("/pages"));
-    const QStringList printed = pages.entryList({QStringLiteral("job-%1.*").arg(id)});
-    QCOMPARE(printed.size(), 1);
-    QCOMPARE(readFile(pages.filePath(printed.constFirst())), document);
-}
-
-void TestCupsOperations::listsAndCancelsJobs()
-{
-    const int first = queueJob("Stopped");
-    const int second = queueJob("Stopped");
-    QVERIFY(first > 0 && second > first);
-    QMap<int, JobInfo> jobs;
-    QCOMPARE(_CUPS->getJobs(jobs, "Stopped", true), 2);
-    QCOMPARE(jobs.keys(), QList<int>({first, second}));
-    QCOMPARE(jobs.value(first).printer, QStringLiteral("Stopped"));
-    QCOMPARE(jobs.value(first).name, QStringLiteral("My job"));
-    QVERIFY(jobs.value(first).uri.isEmpty());
-    QVERIFY(jobs.value(first).timeAtCreation > 0);
-
-    QVERIFY(_CUPS->cancelJob("Stopped", first));
-    QCOMPARE(jobsOf("Stopped"), QStringList(QStringLiteral("Stopped-%1").arg(second)));
-    const QByteArray uri = "ipp://localhost/jobs/" + QByteArray::number(second);
-    QVERIFY(_CUPS->cancelJob(uri.constData()));
-    QCOMPARE(_CUPS->lastStatus(), 0);
-    QVERIFY(jobsOf("Stopped").isEmpty());
-    QVERIFY(!_CUPS->cancelJob("Stopped", second));
-    QMap<int, JobInfo> all;
-    QVERIFY(_CUPS->getJobs(all, "Stopped", false) >= 2);
-    QCOMPARE(all.value(first).state, static_cast<int>(IPP_JSTATE_CANCELED));
-}
-
-void TestCupsOperations::deletesAPrinter()
-{
-    QVERIFY(!run("lpadmin -p Doomed -E -v file:/dev/null").isNull());
-    QVERIFY(!run("lpadmin -p Doomed -c Office").isNull());
-    QVERIFY(!run("lpadmin -p Doomed -c Alone").isNull());
-    writeFile(userFile(), m_savedAtStart + "Dest Doomed a=1\nDest Gone b=1\n");
-    QVERIFY(lpstat("-c Office").contains(QStringLiteral("Doomed")));
-
-    QVERIFY(_CUPS->deletePrinter(uriOf(QStringLiteral("Doomed")).constData()));
-    QVERIFY(!lpstat("-v").contains(QStringLiteral("Doomed")));
-    QCOMPARE(lpstat("-c Office"), QStringLiteral("members of class Office:\n\tLaser\n\tPhoto\n"));
-    const QByteArray saved = readFile(userFile());
-    QVERIFY(!saved.contains("Doomed"));
-    QVERIFY(saved.contains("Dest Gone b=1\n"));
-    QVERIFY(saved.contains("Dest Laser/draft "));
-    ClassInfo office;
-    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
-    QCOMPARE(office.location, QStringLiteral("First floor"));
-}
-
-void TestCupsOperations::deletesAClass()
-{
-    QVERIFY(!run("lpadmin -p Laser -c Doomed").isNull());
-    writeFile(userFile(), m_savedAtStart + "Dest Doomed a=1\n");
-    QVERIFY(lpstat("-c Doomed").contains(QStringLiteral("Laser")));
-    QVERIFY(_CUPS->deleteClass(uriOf(QStringLiteral("Doomed"), "classes").constData()));
-    QVERIFY(!lpstat("-v").contains(QStringLiteral("Doomed")));
-    QVERIFY(!readFile(userFile()).contains("Doomed"));
-    QVERIFY(readFile(userFile()).contains("Dest Laser/draft "));
 }
 
 void TestCupsOperations::refusedRequest()
