@@ -202,7 +202,7 @@ int main(int argc, char **argv)
         return 2;
     }
     InstallationSettings::load(QFile::encodeName(words[0]).constData());
-    Translations::install({u"vesk"_s, u"CupsInt"_s, u"ppdwidgets"_s, u"printdialog"_s}, {});
+    Translations::installToolkit(Translations::install(Translations::catalogues(), {}), {});
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setFont(QFont(u"DejaVu Sans"_s, 9));
     if (isDark)

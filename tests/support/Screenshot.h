@@ -1,6 +1,9 @@
 #pragma once
 
+#include "InstallationSettings.h"
+#include "LongTexts.h"
 #include "Looks.h"
+#include "Translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -20,12 +23,23 @@ inline QCommandLineOption option(const char *name, const char *description,
             value ? QString::fromLatin1(value) : QString()};
 }
 
-/** Reads the command line: `more`, `--dark`, `--mirrored` and the file to write. Sets the look. */
+/** Takes the texts in the language of the environment from the catalogues of the build. */
+inline void speakTheUsersLanguage()
+{
+    InstallationSettings::load(VESK_PROGRAM);
+    Translations::installToolkit(Translations::install(Translations::catalogues(), {}), {});
+}
+
+/**
+ * Reads the command line: `more`, `--dark`, `--mirrored`, `--long` and the file to write. Sets the
+ * look.
+ */
 inline void readCommandLine(QCommandLineParser &parser, const QList<QCommandLineOption> &more)
 {
     const QCommandLineOption dark = option("dark", "A dark palette.");
     const QCommandLineOption mirrored = option("mirrored", "Right to left.");
-    parser.addOptions({dark, mirrored});
+    const QCommandLineOption longTexts = option("long", "Texts half as long again.");
+    parser.addOptions({dark, mirrored, longTexts});
     parser.addOptions(more);
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The PNG file to write."));
     parser.addHelpOption();
@@ -35,6 +49,10 @@ inline void readCommandLine(QCommandLineParser &parser, const QList<QCommandLine
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (parser.isSet(dark))
         QApplication::setPalette(Looks::darkPalette());
+    speakTheUsersLanguage();
+    static LongTexts translator;
+    if (parser.isSet(longTexts))
+        QCoreApplication::installTranslator(&translator);
     if (parser.isSet(mirrored))
         QApplication::setLayoutDirection(Qt::RightToLeft);
 }

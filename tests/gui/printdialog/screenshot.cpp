@@ -1,9 +1,8 @@
 /** Shows the print dialog in a given look and writes what it shows into a PNG file. */
 
-#include "DevicePicture.h"
-#include "LongTexts.h"
-#include "PrintDialog.h"
 #include "Screenshot.h"
+#include "DevicePicture.h"
+#include "PrintDialog.h"
 
 #include <QSpinBox>
 
@@ -12,17 +11,12 @@ using Screenshot::option;
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const QCommandLineOption longTexts = option("long", "Texts half as long again.");
     const QCommandLineOption printer = option("printer", "The destination.", "name");
     const QCommandLineOption copies = option("copies", "How many copies.", "number");
     const QCommandLineOption properties = option("properties", "With a properties dialog.");
     const QCommandLineOption width = option("width", "Width of the window.", "pixels");
     QCommandLineParser parser;
-    Screenshot::readCommandLine(parser, {longTexts, printer, copies, properties, width});
-
-    LongTexts translator;
-    if (parser.isSet(longTexts))
-        QCoreApplication::installTranslator(&translator);
+    Screenshot::readCommandLine(parser, {printer, copies, properties, width});
 
     PrintDialogServices services;
     services.devicePicture = devicePicture;

@@ -1,19 +1,8 @@
 #!/bin/sh
 # Takes pictures of the print dialog in several looks, in a private world on a virtual display:
 # screenshots.sh PROGRAM FOLDER, with the program that the target printdialog_screenshot builds.
-set -eu
-program=$(realpath "$1")
-folder=$(realpath -m "$2")
-world=$(realpath "$(dirname "$0")/../../../world/world")
-mkdir -p "$folder"
-
-shot() {
-    name=$1
-    shift
-    printf '%s: ' "$name"
-    "$world" --relocated -- xvfb-run -a -s '-screen 0 2400x1600x24' \
-        env QT_QPA_PLATFORM=xcb "$@" "$folder/$name.png"
-}
+root=$(realpath "$(dirname "$0")/../../..")
+. "$root/tests/support/screenshots.sh"
 
 shot default "$program"
 shot full "$program" --properties --copies 2 --printer Photo

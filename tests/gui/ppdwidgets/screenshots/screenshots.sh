@@ -1,33 +1,28 @@
 #!/bin/sh
 # Takes pictures of a driver's options in several looks, on a virtual display:
 # screenshots.sh PROGRAM FOLDER, with the program that the target ppdwidgets_screenshot builds.
-set -eu
-program=$(realpath "$1")
-folder=$(realpath -m "$2")
-laser=$(realpath "$(dirname "$0")/../../../../world/ppd/Laser.ppd")
-mkdir -p "$folder"
+root=$(realpath "$(dirname "$0")/../../../..")
+. "$root/tests/support/screenshots.sh"
 
-shot() {
+with_laser() {
     name=$1
     shift
-    printf '%s: ' "$name"
-    xvfb-run -a -s '-screen 0 2400x1800x24' \
-        env QT_QPA_PLATFORM=xcb "$@" --driver "$laser" "$folder/$name.png"
+    shot "$name" "$@" --driver "$root/world/ppd/Laser.ppd"
 }
 
 conflict='--mark OptionDuplex=False --mark Duplex=DuplexNoTumble'
 
-shot light "$program" --select InputSlot
-shot dark "$program" --dark --select InputSlot
-shot boolean "$program" --select Collate
-shot installed "$program" --select OptionTrays
-shot conflict "$program" $conflict
-shot conflict-dark "$program" --dark $conflict
-shot conflict-selected "$program" $conflict --select Duplex
-shot conflict-closed "$program" $conflict --close Duplex
-shot conflict-closed-dark "$program" --dark $conflict --close Duplex
-shot mirrored "$program" --mirrored $conflict --select InputSlot
-shot scale2 env QT_SCALE_FACTOR=2 "$program" --select InputSlot
-shot scale15 env QT_SCALE_FACTOR=1.5 "$program" $conflict
-shot narrow "$program" --width 400
-shot narrow-mirrored "$program" --mirrored --width 400
+with_laser light "$program" --select InputSlot
+with_laser dark "$program" --dark --select InputSlot
+with_laser boolean "$program" --select Collate
+with_laser installed "$program" --select OptionTrays
+with_laser conflict "$program" $conflict
+with_laser conflict-dark "$program" --dark $conflict
+with_laser conflict-selected "$program" $conflict --select Duplex
+with_laser conflict-closed "$program" $conflict --close Duplex
+with_laser conflict-closed-dark "$program" --dark $conflict --close Duplex
+with_laser mirrored "$program" --mirrored $conflict --select InputSlot
+with_laser scale2 env QT_SCALE_FACTOR=2 "$program" --select InputSlot
+with_laser scale15 env QT_SCALE_FACTOR=1.5 "$program" $conflict
+with_laser narrow "$program" --width 400
+with_laser narrow-mirrored "$program" --mirrored --width 400
