@@ -22,6 +22,7 @@
 #include <QFile>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QLocale>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QStyleFactory>
@@ -203,6 +204,8 @@ int main(int argc, char **argv)
     }
     InstallationSettings::load(QFile::encodeName(words[0]).constData());
     Translations::installToolkit(Translations::install(Translations::catalogues(), {}), {});
+    // Numbers are written as in the language of the texts.
+    QLocale::setDefault(QLocale(QLocale::system().uiLanguages().constFirst()));
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setFont(QFont(u"DejaVu Sans"_s, 9));
     if (isDark)

@@ -156,6 +156,15 @@ class NoCompanion(HelpCase):
     def test_browser(self):
         self.assert_both_dialogs_browse("en", "")
 
+    def test_browser_in_german(self):
+        self.assert_both_dialogs_browse("de", "de")
+
+    def test_browser_in_german_of_a_country(self):
+        self.assert_both_dialogs_browse("de_AT:en", "de")
+
+    def test_browser_in_the_first_language_that_has_pages(self):
+        self.assert_both_dialogs_browse("eo:de:en", "de")
+
     def test_browser_in_a_language_without_pages(self):
         self.assert_both_dialogs_browse("eo:en", "")
 
