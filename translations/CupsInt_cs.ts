@@ -6,31 +6,31 @@
     <message>
         <source>idle</source>
         <extracomment>State of a printer: it has nothing to print.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>nečinná</translation>
     </message>
     <message>
         <source>processing</source>
         <extracomment>State of a printer: it prints.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>tiskne</translation>
     </message>
     <message>
         <source>stopped</source>
         <extracomment>State of a printer: it was stopped and prints nothing.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>zastavená</translation>
     </message>
     <message>
         <source>unknown</source>
         <extracomment>State of a printer.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>neznámý</translation>
     </message>
     <message>
         <source>accepting jobs</source>
         <extracomment>Follows the state of a printer: &quot;idle, accepting jobs&quot;.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>přijímá úlohy</translation>
     </message>
     <message>
         <source>rejecting jobs</source>
-        <translation type="unfinished"></translation>
+        <translation>odmítá úlohy</translation>
     </message>
 </context>
 <context>
@@ -38,11 +38,11 @@
     <message>
         <source>Authorization</source>
         <extracomment>Title of the window that asks for the password of the system&apos;s administrator.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Autorizace</translation>
     </message>
     <message>
         <source>Please, enter the root password:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zadejte heslo uživatele root:</translation>
     </message>
 </context>
 </TS>

@@ -6,17 +6,17 @@
     <message>
         <source>Width</source>
         <extracomment>Names the field of a page&apos;s width, for screen readers.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Šířka</translation>
     </message>
     <message>
         <source>Height</source>
         <extracomment>Names the field of a page&apos;s height, for screen readers.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Výška</translation>
     </message>
     <message>
         <source>Units:</source>
         <extracomment>Units of length, followed by the choice: pt, mm, cm, in.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Jednotky:</translation>
     </message>
 </context>
 <context>
@@ -24,32 +24,32 @@
     <message>
         <source>pt</source>
         <extracomment>Unit of the size of a page: points, 1/72 inch.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>pt</translation>
     </message>
     <message>
         <source>mm</source>
         <extracomment>Unit of the size of a page: millimeters.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>mm</translation>
     </message>
     <message>
         <source>cm</source>
         <extracomment>Unit of the size of a page: centimeters.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>cm</translation>
     </message>
     <message>
         <source>in</source>
         <extracomment>Unit of the size of a page: inches.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>in</translation>
     </message>
     <message>
         <source>Width [%1-%2] %3:</source>
         <extracomment>The width of a page: the smallest, the greatest, the unit.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Šířka [%1-%2] %3:</translation>
     </message>
     <message>
         <source>Height [%1-%2] %3:</source>
         <extracomment>The height of a page: the smallest, the greatest, the unit.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Výška [%1-%2] %3:</translation>
     </message>
 </context>
 <context>
@@ -57,7 +57,7 @@
     <message>
         <source>Custom Value</source>
         <extracomment>Box: fields for a value of one&apos;s own of a driver option, as of a paper size.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Vlastní hodnota</translation>
     </message>
 </context>
 <context>
@@ -65,17 +65,17 @@
     <message>
         <source>Value:</source>
         <extracomment>The value of a driver option that is a number.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Hodnota:</translation>
     </message>
     <message>
         <source>Value</source>
         <extracomment>Names the field and the slider of a driver option that is a number, for screen readers.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Hodnota</translation>
     </message>
     <message>
         <source>From %1 to %2</source>
         <extracomment>The smallest and the greatest number that may be chosen.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Od %1 do %2</translation>
     </message>
 </context>
 <context>
@@ -83,7 +83,7 @@
     <message>
         <source>No option selected</source>
         <extracomment>In place of the editor of a driver option.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Není vybrána žádná volba</translation>
     </message>
 </context>
 <context>
@@ -93,22 +93,24 @@
 problem before continuing:
 </source>
         <extracomment>Followed by a list of the options.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Vybrali jste volby, které jsou v konfliktu. Než budete pokračovat,
+pokuste se problém vyřešit:
+</translation>
     </message>
     <message>
         <source>, in conflict</source>
         <extracomment>Follows the name of a driver option, for screen readers: &quot;Duplex: &lt;On&gt;, in conflict&quot;.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>, v konfliktu</translation>
     </message>
     <message>
         <source>Undefined</source>
         <extracomment>The value of a driver option of which nothing is chosen: &quot;Duplex: &lt;Undefined&gt;&quot;.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Nedefinováno</translation>
     </message>
     <message>
         <source>Driver configuration</source>
         <extracomment>Title of a message about driver options that exclude each other.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Konfigurace ovladače</translation>
     </message>
 </context>
 <context>
@@ -116,36 +118,36 @@ problem before continuing:
     <message>
         <source>From %1 to %2</source>
         <extracomment>The smallest and the greatest number that may be typed.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Od %1 do %2</translation>
     </message>
     <message>
         <source> pt</source>
         <extracomment>Unit behind a number: points, 1/72 inch. Begins with a blank.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation> pt</translation>
     </message>
     <message>
         <source>%1 to %2 digits</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet číslic: %1 až %2</translation>
     </message>
     <message>
         <source>At most %1 digits</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet číslic: nejvýše %1</translation>
     </message>
     <message>
         <source>%1 to %2 characters without blanks</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet znaků: %1 až %2, bez mezer</translation>
     </message>
     <message>
         <source>At most %1 characters without blanks</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet znaků: nejvýše %1, bez mezer</translation>
     </message>
     <message>
         <source>%1 to %2 characters</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet znaků: %1 až %2</translation>
     </message>
     <message>
         <source>At most %1 characters</source>
-        <translation type="unfinished"></translation>
+        <translation>Počet znaků: nejvýše %1</translation>
     </message>
 </context>
 </TS>

@@ -6,11 +6,11 @@
     <message>
         <source>Help</source>
         <extracomment>Title of a message that says that the help could not be shown.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Nápověda</translation>
     </message>
     <message>
         <source>The help page &quot;%1&quot; could not be opened.</source>
-        <translation type="unfinished"></translation>
+        <translation>Stránku nápovědy „%1“ se nepodařilo otevřít.</translation>
     </message>
 </context>
 <context>
@@ -18,7 +18,7 @@
     <message>
         <source>QT_LAYOUT_DIRECTION</source>
         <extracomment>Not shown. &quot;RTL&quot; if the language is written from right to left, else &quot;LTR&quot;.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>LTR</translation>
     </message>
 </context>
 <context>
@@ -26,7 +26,7 @@
     <message>
         <source>Select file(s) to print</source>
         <extracomment>Title of the window in which files are chosen.</extracomment>
-        <translation type="unfinished"></translation>
+        <translation>Výběr souborů k tisku</translation>
     </message>
 </context>
 </TS>
