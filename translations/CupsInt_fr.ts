@@ -32,6 +32,11 @@
         <source>rejecting jobs</source>
         <translation>refuse les tâches</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <extracomment>State of a printer, and whether it accepts jobs: &quot;idle, accepting jobs&quot;.</extracomment>
+        <translation>%1, %2</translation>
+    </message>
 </context>
 <context>
     <name>IPPRequest</name>
@@ -42,7 +47,7 @@
     </message>
     <message>
         <source>Please, enter the root password:</source>
-        <translation>Veuillez saisir le mot de passe root :</translation>
+        <translation>Veuillez saisir le mot de passe root&#xa0;:</translation>
     </message>
 </context>
 </TS>

@@ -32,6 +32,11 @@
         <source>rejecting jobs</source>
         <translation>odrzuca zadania</translation>
     </message>
+    <message>
+        <source>%1, %2</source>
+        <extracomment>State of a printer, and whether it accepts jobs: &quot;idle, accepting jobs&quot;.</extracomment>
+        <translation>%1, %2</translation>
+    </message>
 </context>
 <context>
     <name>IPPRequest</name>

@@ -16,7 +16,7 @@
     <message>
         <source>Units:</source>
         <extracomment>Units of length, followed by the choice: pt, mm, cm, in.</extracomment>
-        <translation>Unité :</translation>
+        <translation>Unité&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -44,12 +44,12 @@
     <message>
         <source>Width [%1-%2] %3:</source>
         <extracomment>The width of a page: the smallest, the greatest, the unit.</extracomment>
-        <translation>Largeur [%1-%2] %3 :</translation>
+        <translation>Largeur [%1-%2] %3&#xa0;:</translation>
     </message>
     <message>
         <source>Height [%1-%2] %3:</source>
         <extracomment>The height of a page: the smallest, the greatest, the unit.</extracomment>
-        <translation>Hauteur [%1-%2] %3 :</translation>
+        <translation>Hauteur [%1-%2] %3&#xa0;:</translation>
     </message>
 </context>
 <context>
@@ -65,7 +65,7 @@
     <message>
         <source>Value:</source>
         <extracomment>The value of a driver option that is a number.</extracomment>
-        <translation>Valeur :</translation>
+        <translation>Valeur&#xa0;:</translation>
     </message>
     <message>
         <source>Value</source>
@@ -94,7 +94,7 @@ problem before continuing:
 </source>
         <extracomment>Followed by a list of the options.</extracomment>
         <translation>Vous avez sélectionné des options en conflit.
-Résolvez ce conflit avant de continuer :
+Résolvez ce conflit avant de continuer&#xa0;:
 </translation>
     </message>
     <message>
@@ -127,27 +127,27 @@ Résolvez ce conflit avant de continuer :
     </message>
     <message>
         <source>%1 to %2 digits</source>
-        <translation>Nombre de chiffres : de %1 à %2</translation>
+        <translation>Nombre de chiffres&#xa0;: de %1 à %2</translation>
     </message>
     <message>
         <source>At most %1 digits</source>
-        <translation>Nombre de chiffres : %1 au maximum</translation>
+        <translation>Nombre de chiffres&#xa0;: %1 au maximum</translation>
     </message>
     <message>
         <source>%1 to %2 characters without blanks</source>
-        <translation>Nombre de caractères, sans espaces : de %1 à %2</translation>
+        <translation>Nombre de caractères, sans espaces&#xa0;: de %1 à %2</translation>
     </message>
     <message>
         <source>At most %1 characters without blanks</source>
-        <translation>Nombre de caractères, sans espaces : %1 au maximum</translation>
+        <translation>Nombre de caractères, sans espaces&#xa0;: %1 au maximum</translation>
     </message>
     <message>
         <source>%1 to %2 characters</source>
-        <translation>Nombre de caractères : de %1 à %2</translation>
+        <translation>Nombre de caractères&#xa0;: de %1 à %2</translation>
     </message>
     <message>
         <source>At most %1 characters</source>
-        <translation>Nombre de caractères : %1 au maximum</translation>
+        <translation>Nombre de caractères&#xa0;: %1 au maximum</translation>
     </message>
 </context>
 </TS>

@@ -35,16 +35,16 @@
     </message>
     <message>
         <source>Error!</source>
-        <translation>Erreur !</translation>
+        <translation>Erreur&#xa0;!</translation>
     </message>
     <message>
         <source>&quot;%1&quot; could not be made the default.</source>
         <extracomment>%1 is the name of a printer.</extracomment>
-        <translation>« %1 » n&apos;a pas pu être définie comme imprimante par défaut.</translation>
+        <translation>«&#xa0;%1&#xa0;» n&apos;a pas pu être définie comme imprimante par défaut.</translation>
     </message>
     <message>
         <source>Warning!</source>
-        <translation>Attention !</translation>
+        <translation>Attention&#xa0;!</translation>
     </message>
     <message>
         <source>You can&apos;t print anything while printer is stopped. Please, start the selected printer.</source>
@@ -54,8 +54,8 @@
         <source>Invalid page ranges &quot;%1&quot;
 Error at position %1: invalid range value &quot;%1&quot;</source>
         <extracomment>Number the placeholders in a translation: %1 is all that was typed, %2 the position of the error in it, %3 what stands there.</extracomment>
-        <translation>Plages de pages non valables : « %1 »
-Erreur à la position %2 : plage non valable « %3 »</translation>
+        <translation>Plages de pages non valables&#xa0;: «&#xa0;%1&#xa0;»
+Erreur à la position %2&#xa0;: plage non valable «&#xa0;%3&#xa0;»</translation>
     </message>
 </context>
 <context>
@@ -107,7 +107,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     </message>
     <message>
         <source>Location:</source>
-        <translation>Emplacement :</translation>
+        <translation>Emplacement&#xa0;:</translation>
     </message>
     <message>
         <source>Location of the printer</source>
@@ -121,7 +121,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     <message>
         <source>Status:</source>
         <extracomment>Followed by the state of the printer, for instance: idle, accepting jobs.</extracomment>
-        <translation>État :</translation>
+        <translation>État&#xa0;:</translation>
     </message>
     <message>
         <source>Status of the printer</source>
@@ -130,7 +130,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     <message>
         <source>Description:</source>
         <extracomment>Followed by the description of the printer.</extracomment>
-        <translation>Description :</translation>
+        <translation>Description&#xa0;:</translation>
     </message>
     <message>
         <source>Description of the printer</source>
@@ -156,7 +156,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     <message>
         <source>Some pages:</source>
         <extracomment>Followed by a field for page numbers.</extracomment>
-        <translation>Certaines pages :</translation>
+        <translation>Certaines pages&#xa0;:</translation>
     </message>
     <message>
         <source>Pages to print</source>
@@ -180,7 +180,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     <message>
         <source>Copies [1~100]:</source>
         <extracomment>Number of copies, from 1 to 100.</extracomment>
-        <translation>Copies [1~100] :</translation>
+        <translation>Copies [1~100]&#xa0;:</translation>
     </message>
     <message>
         <source>Collate copies</source>
@@ -215,7 +215,7 @@ Erreur à la position %2 : plage non valable « %3 »</translation>
     <message>
         <source>LPR GUI: Options Conflict</source>
         <extracomment>Title of a message. Keep the name lpr.</extracomment>
-        <translation>LPR GUI : conflit d&apos;options</translation>
+        <translation>LPR GUI&#xa0;: conflit d&apos;options</translation>
     </message>
     <message>
         <source>Some options selected are in conflict.
@@ -226,7 +226,7 @@ Conflicting options will be shown in red color.
         <extracomment>&quot;Advanced&quot; is the tab of that name.</extracomment>
         <translation>Certaines options sélectionnées sont en conflit.
 Résolvez ces conflits avant de continuer.
-Astuce : ouvrez l&apos;onglet « Avancé ».
+Astuce&#xa0;: ouvrez l&apos;onglet «&#xa0;Avancé&#xa0;».
 Les options en conflit y sont affichées en rouge.
 </translation>
     </message>
@@ -237,7 +237,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>The options of &quot;%1&quot; could not be saved: the print server does not answer, or the file of the saved options cannot be written. The changes are listed below; they will not apply to what you print.</source>
         <extracomment>%1 is the name of a printer.</extracomment>
-        <translation>Les options de « %1 » n&apos;ont pas pu être enregistrées : le serveur d&apos;impression ne répond pas, ou le fichier des options enregistrées ne peut pas être écrit. Les modifications sont listées ci-dessous ; elles ne s&apos;appliqueront pas à vos impressions.</translation>
+        <translation>Les options de «&#xa0;%1&#xa0;» n&apos;ont pas pu être enregistrées&#xa0;: le serveur d&apos;impression ne répond pas, ou le fichier des options enregistrées ne peut pas être écrit. Les modifications sont listées ci-dessous&#xa0;; elles ne s&apos;appliqueront pas à vos impressions.</translation>
     </message>
     <message>
         <source>Unknown Printer</source>
@@ -246,7 +246,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>The print server no longer knows &quot;%1&quot;. Its options were saved on this computer for the case that it comes back.</source>
         <extracomment>%1 is the name of a printer.</extracomment>
-        <translation>Le serveur d&apos;impression ne connaît plus l&apos;imprimante « %1 ». Ses options ont été enregistrées sur cet ordinateur au cas où elle redeviendrait disponible.</translation>
+        <translation>Le serveur d&apos;impression ne connaît plus l&apos;imprimante «&#xa0;%1&#xa0;». Ses options ont été enregistrées sur cet ordinateur au cas où elle redeviendrait disponible.</translation>
     </message>
 </context>
 <context>
@@ -254,7 +254,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>&apos;%s&apos; Properties</source>
         <extracomment>Title of the window: the properties of the printer %s.</extracomment>
-        <translation>Propriétés de « %s »</translation>
+        <translation>Propriétés de «&#xa0;%s&#xa0;»</translation>
     </message>
     <message>
         <source>General</source>
@@ -268,12 +268,12 @@ Les options en conflit y sont affichées en rouge.
     </message>
     <message>
         <source>Paper Size:</source>
-        <translation>Taille du papier :</translation>
+        <translation>Taille du papier&#xa0;:</translation>
     </message>
     <message>
         <source>Paper Type:</source>
         <extracomment>What the paper is made of: plain, glossy, transparency ...</extracomment>
-        <translation>Type de papier :</translation>
+        <translation>Type de papier&#xa0;:</translation>
     </message>
     <message>
         <source>Paper Orientation</source>
@@ -356,7 +356,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Start:</source>
         <extracomment>A noun: the cover sheet before the job.</extracomment>
-        <translation>Début :</translation>
+        <translation>Début&#xa0;:</translation>
     </message>
     <message>
         <source>Banner before the job</source>
@@ -365,7 +365,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>End:</source>
         <extracomment>A noun: the cover sheet after the job.</extracomment>
-        <translation>Fin :</translation>
+        <translation>Fin&#xa0;:</translation>
     </message>
     <message>
         <source>Banner after the job</source>
@@ -391,12 +391,12 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Units:</source>
         <extracomment>Units of length, followed by the choice: points, 1/10 inches, mm.</extracomment>
-        <translation>Unité :</translation>
+        <translation>Unité&#xa0;:</translation>
     </message>
     <message>
         <source>Left:</source>
         <extracomment>Margin at the left.</extracomment>
-        <translation>Gauche :</translation>
+        <translation>Gauche&#xa0;:</translation>
     </message>
     <message>
         <source>Left margin</source>
@@ -405,7 +405,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Right:</source>
         <extracomment>Margin at the right.</extracomment>
-        <translation>Droite :</translation>
+        <translation>Droite&#xa0;:</translation>
     </message>
     <message>
         <source>Right margin</source>
@@ -414,7 +414,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Top:</source>
         <extracomment>Margin at the top.</extracomment>
-        <translation>Haut :</translation>
+        <translation>Haut&#xa0;:</translation>
     </message>
     <message>
         <source>Top margin</source>
@@ -423,7 +423,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Bottom:</source>
         <extracomment>Margin at the bottom.</extracomment>
-        <translation>Bas :</translation>
+        <translation>Bas&#xa0;:</translation>
     </message>
     <message>
         <source>Bottom margin</source>
@@ -441,11 +441,11 @@ Les options en conflit y sont affichées en rouge.
     </message>
     <message>
         <source>Characters per inch:</source>
-        <translation>Caractères par pouce :</translation>
+        <translation>Caractères par pouce&#xa0;:</translation>
     </message>
     <message>
         <source>Lines per inch:</source>
-        <translation>Lignes par pouce :</translation>
+        <translation>Lignes par pouce&#xa0;:</translation>
     </message>
     <message>
         <source>Columns</source>
@@ -455,7 +455,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Columns:</source>
         <extracomment>Number of columns of text on a page.</extracomment>
-        <translation>Colonnes :</translation>
+        <translation>Colonnes&#xa0;:</translation>
     </message>
     <message>
         <source>Columns of text on the page</source>
@@ -496,7 +496,7 @@ Les options en conflit y sont affichées en rouge.
     </message>
     <message>
         <source>Brightness:</source>
-        <translation>Luminosité :</translation>
+        <translation>Luminosité&#xa0;:</translation>
     </message>
     <message>
         <source>Brightness</source>
@@ -505,7 +505,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Gamma:</source>
         <extracomment>Gamma correction of an image.</extracomment>
-        <translation>Gamma :</translation>
+        <translation>Gamma&#xa0;:</translation>
     </message>
     <message>
         <source>Gamma</source>
@@ -514,7 +514,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Hue:</source>
         <extracomment>Turn of an image&apos;s colors around the color circle.</extracomment>
-        <translation>Teinte :</translation>
+        <translation>Teinte&#xa0;:</translation>
     </message>
     <message>
         <source>Hue</source>
@@ -523,7 +523,7 @@ Les options en conflit y sont affichées en rouge.
     <message>
         <source>Saturation:</source>
         <extracomment>Strength of an image&apos;s colors.</extracomment>
-        <translation>Saturation :</translation>
+        <translation>Saturation&#xa0;:</translation>
     </message>
     <message>
         <source>Saturation</source>

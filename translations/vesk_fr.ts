@@ -10,7 +10,7 @@
     </message>
     <message>
         <source>The help page &quot;%1&quot; could not be opened.</source>
-        <translation>La page d&apos;aide « %1 » n&apos;a pas pu être ouverte.</translation>
+        <translation>La page d&apos;aide «&#xa0;%1&#xa0;» n&apos;a pas pu être ouverte.</translation>
     </message>
 </context>
 <context>

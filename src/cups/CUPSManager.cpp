@@ -458,5 +458,6 @@ QString CUPSManager::stateText(int state, bool accepting)
                              //: Follows the state of a printer: "idle, accepting jobs".
                              ? tr("accepting jobs")
                              : tr("rejecting jobs");
-    return text + QStringLiteral(", ") + jobs;
+    //: State of a printer, and whether it accepts jobs: "idle, accepting jobs".
+    return tr("%1, %2").arg(text, jobs);
 }
