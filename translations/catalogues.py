@@ -32,10 +32,9 @@ class Message:
 
 
 def languages():
-    """The languages and whether each is complete, in the order of the file."""
-    lines = (line.split() for line in (HERE / "languages").read_text().splitlines())
-    return {words[0]: "incomplete" not in words for words in lines
-            if words and not words[0].startswith("#")}
+    """The languages, in the order of the file."""
+    lines = (HERE / "languages").read_text().splitlines()
+    return [line for line in lines if line and not line.startswith("#")]
 
 
 def source_file(catalogue, language, folder=HERE):

@@ -1,4 +1,4 @@
-"""What a complete catalogue has, and a translation in common with its English text."""
+"""What a catalogue has to have, and a translation in common with its English text."""
 
 import re
 from collections import Counter
@@ -22,7 +22,7 @@ RIGHT_TO_LEFT = {"ar"}
 WITH_LATIN_MNEMONICS = {"ja", "ko", "zh_CN"}
 
 
-def of_catalogue(wanted, there, language, complete):
+def of_catalogue(wanted, there, language):
     """What is wrong with the messages `there`, by their keys, if the sources have those `wanted`."""
     for key in (key for key in wanted if key not in there):
         yield f"{_described(wanted[key])}: is missing: run translations/update"
@@ -31,7 +31,7 @@ def of_catalogue(wanted, there, language, complete):
     for key, message in there.items():
         if key in wanted and wanted[key].comment != message.comment:
             yield f"{_described(message)}: the comment is another: run translations/update"
-        for complaint in _of_message(message, language, complete):
+        for complaint in _of_message(message, language):
             yield f"{_described(message)}: {complaint}"
 
 
@@ -53,12 +53,12 @@ def of_translation(source, translation, language):
     return [complaint for complaint in found if complaint]
 
 
-def _of_message(message, language, complete):
+def _of_message(message, language):
     if message.state in ("obsolete", "vanished"):
         yield f"is {message.state}: run translations/update"
-    elif complete and not all(message.translations):
+    elif not all(message.translations):
         yield "is empty"
-    elif complete and message.state == "unfinished":
+    elif message.state == "unfinished":
         yield "is unfinished"
     for translation in filter(None, message.translations):
         yield from of_translation(message.source, translation, language)

@@ -19,11 +19,11 @@ CHOOSER = "Select file(s) to print"
 
 
 def text(language, source):
-    """The text in a language; where that has none yet, the English one."""
+    """The text in a language."""
     for catalogue in catalogues.FOLDERS:
         for message in catalogues.messages(catalogues.source_file(catalogue, language)):
             if message.source == source:
-                return message.translations[0] or source
+                return message.translations[0]
     raise KeyError(source)
 
 
