@@ -163,8 +163,8 @@ bool removeFromClasses(CUPSManager &manager, const QString &name, const QString 
     return true;
 }
 
-/** Adds the jobs of all users. False when the server does not tell. */
-bool addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destination, int which)
+/** Adds the jobs of all users. */
+void addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destination, int which)
 {
     constexpr int OfAllUsers = 0;
     cups_job_t *jobs = nullptr;
@@ -172,7 +172,6 @@ bool addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destinati
     for (int i = 0; i < count; ++i)
         out.insert(jobs[i].id, JobInfo(jobs[i]));
     cupsFreeJobs(count, jobs);
-    return count >= 0;
 }
 
 int growth(qsizetype before, qsizetype after)
@@ -409,7 +408,8 @@ int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool 
     if (!http)
         return 0;
     const qsizetype before = out.size();
-    if (addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE) && !activeOnly)
+    addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE);
+    if (!activeOnly)
         addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
     return growth(before, out.size());
 }

@@ -110,6 +110,8 @@ private slots:
     void noAnswerLeavesTheOutput();
     void marksTheDefault();
     void replacesEntries();
+    void withoutPrintersTheDefaultIsNotAskedFor_data();
+    void withoutPrintersTheDefaultIsNotAskedFor();
     void filter_data();
     void filter();
     void findPrinter();
@@ -122,9 +124,12 @@ private slots:
     void firstRecordOfAnAnswer();
     void getPPDs();
     void getJobs();
+    void getJobsWhereOneListIsRefused_data();
+    void getJobsWhereOneListIsRefused();
     void getJobsByRequest();
     void defaultPrinterName();
     void cancelJobOfADestination();
+    void driversFolder();
     void stateText_data();
     void stateText();
     void brokenMessages();
@@ -568,6 +573,24 @@ void TestDirectory::replacesEntries()
     QVERIFY(printers.value(QStringLiteral("A")).ppdName.isEmpty());
 }
 
+void TestDirectory::withoutPrintersTheDefaultIsNotAskedFor_data()
+{
+    QTest::addColumn<QByteArray>("response");
+    QTest::addRow("no response") << QByteArray();
+    QTest::addRow("no attributes") << IppBytes(0).bytes();
+}
+
+void TestDirectory::withoutPrintersTheDefaultIsNotAskedFor()
+{
+    QFETCH(QByteArray, response);
+    m_server->setHandler([response](const auto &) {
+        return response.isEmpty() ? FakeIppServer::failure(500) : FakeIppServer::ok(response);
+    });
+    QMap<QString, CUPSPrinter> printers;
+    QCOMPARE(_CUPS->getPrinters(printers, 0, 0, nullptr), 0);
+    QCOMPARE(m_server->takeRequests().size(), 1);
+}
+
 void TestDirectory::filter_data()
 {
     QTest::addColumn<QByteArray>("filter");
@@ -757,35 +780,70 @@ void TestDirectory::getPPDs()
     QVERIFY(drivers.at(1).make.isEmpty());
 }
 
-void TestDirectory::getJobs()
+namespace
 {
-    // The active list has the jobs 1 and 2, the completed one the jobs 2 and 3.
-    const auto job = [](IppBytes &bytes, int id, int state) {
-        bytes.group(JobGroup)
-            .integer(0x21, "job-id", id)
-            .uri("job-printer-uri", "ipp://localhost/printers/Laser")
-            .uri("job-uri", "ipp://localhost/jobs/" + QByteArray::number(id))
-            .integer(0x23, "job-state", state);
-    };
-    IppBytes active = IppBytes::response();
-    job(active, 1, 3);
-    job(active, 2, 5);
-    IppBytes completed = IppBytes::response();
-    job(completed, 2, 9);
-    job(completed, 3, 9);
-    m_server->setHandler([=](const FakeIppServer::Request &request) {
+IppBytes jobList()
+{
+    return IppBytes::response();
+}
+
+IppBytes withJob(IppBytes list, int id, int state)
+{
+    return list.group(JobGroup)
+        .integer(0x21, "job-id", id)
+        .uri("job-printer-uri", "ipp://localhost/printers/Laser")
+        .uri("job-uri", "ipp://localhost/jobs/" + QByteArray::number(id))
+        .integer(0x23, "job-state", state);
+}
+
+/** Answers the two questions of the library for jobs. */
+FakeIppServer::Handler jobLists(const QByteArray &active, const QByteArray &completed)
+{
+    return [=](const FakeIppServer::Request &request) {
         const bool isCompleted = request.message.contains(IppBytes::number16(10) + "which-jobs" +
                                                           IppBytes::number16(9) + "completed");
         return FakeIppServer::ok(isCompleted ? completed : active);
-    });
+    };
+}
+} // namespace
+
+void TestDirectory::getJobs()
+{
+    // The active list has the jobs 1 and 2, the completed one the jobs 2 and 3.
+    m_server->setHandler(
+        jobLists(withJob(withJob(jobList(), 1, 3), 2, 5), withJob(withJob(jobList(), 2, 9), 3, 9)));
     QMap<int, JobInfo> jobs;
     QCOMPARE(_CUPS->getJobs(jobs, "Laser", true), 2);
+    QCOMPARE(m_server->takeRequests().size(), 1);
     QCOMPARE(jobs.value(2).state, 5);
     QCOMPARE(jobs.value(1).printer, QStringLiteral("Laser"));
     QVERIFY(jobs.value(1).uri.isEmpty());
     QCOMPARE(_CUPS->getJobs(jobs, "Laser", false), 1);
+    QCOMPARE(m_server->takeRequests().size(), 2);
     QCOMPARE(jobs.keys(), QList<int>({1, 2, 3}));
     QCOMPARE(jobs.value(2).state, 9);
+}
+
+void TestDirectory::getJobsWhereOneListIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("active");
+    QTest::addColumn<QByteArray>("completed");
+    QTest::addColumn<QList<int>>("ids");
+    const QByteArray refusal = IppBytes::response(0x0501);
+    QTest::addRow("active") << refusal << withJob(jobList(), 3, 9).bytes() << QList<int>{3};
+    QTest::addRow("completed") << withJob(jobList(), 1, 3).bytes() << refusal << QList<int>{1};
+    QTest::addRow("both") << refusal << refusal << QList<int>();
+}
+
+void TestDirectory::getJobsWhereOneListIsRefused()
+{
+    QFETCH(QByteArray, active);
+    QFETCH(QByteArray, completed);
+    QFETCH(QList<int>, ids);
+    m_server->setHandler(jobLists(active, completed));
+    QMap<int, JobInfo> jobs;
+    QCOMPARE(_CUPS->getJobs(jobs, "Laser", false), ids.size());
+    QCOMPARE(jobs.keys(), ids);
 }
 
 void TestDirectory::getJobsByRequest()
@@ -833,6 +891,11 @@ void TestDirectory::cancelJobOfADestination()
     QVERIFY(!_CUPS->cancelJob("Laser", 5));
     m_server.reset();
     QVERIFY(!_CUPS->cancelJob("Laser", 5));
+}
+
+void TestDirectory::driversFolder()
+{
+    QCOMPARE(CUPSManager::m_DriversDir, QStringLiteral("/usr/share/cups/model/"));
 }
 
 void TestDirectory::stateText_data()

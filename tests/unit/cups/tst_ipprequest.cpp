@@ -286,11 +286,19 @@ void TestIPPRequest::adders()
 void TestIPPRequest::addersTakeNull()
 {
     Request request;
+    request.addUri("a-uri", nullptr, 1);
     request.addName("a-name", nullptr, 1);
     request.addText("a-text", nullptr, 1);
     request.addMimeType("a-type", nullptr, 1);
+    const auto textOf = [&request](const char *name) {
+        return ippGetString(ippFindAttribute(request.request(), name, IPP_TAG_ZERO), 0, nullptr);
+    };
+    QCOMPARE(textOf("a-uri"), nullptr);
+    for (const char *name : {"a-name", "a-text", "a-type"})
+        QCOMPARE(QByteArray(textOf(name)), QByteArray(""));
     QVERIFY(request.send());
     QCOMPARE(m_server->takeRequests().constFirst().message, IppBytes::request(GetPrinters)
+                                                                .attribute(0x45, "a-uri", "")
                                                                 .attribute(0x42, "a-name", "")
                                                                 .attribute(0x41, "a-text", "")
                                                                 .attribute(0x49, "a-type", "")

@@ -1,6 +1,7 @@
 #include "FakeIppServer.h"
 #include "IPPRequest.h"
 #include "IppBytes.h"
+#include "LogTail.h"
 
 #include <QTest>
 
@@ -190,7 +191,9 @@ void TestRootPassword::refusedOldPasswordAsksAgain()
 void TestRootPassword::cancelGivesUp()
 {
     m_server->setHandler(letsIn("secret"));
+    const LogTail log("ipp_request.log");
     QVERIFY(!sendOne());
+    QCOMPARE(log.added(), "Requesting operation 0x4002...\r\nRequesting failed!\n\r\n");
     QCOMPARE(m_asked.size(), 1);
     QCOMPARE(m_server->takeRequests().size(), 1);
     // The next challenge asks again.
