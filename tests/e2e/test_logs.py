@@ -1,6 +1,7 @@
 """The diagnostic logs and the settings file."""
 
 import os
+import subprocess
 
 from harness import place
 from harness.case import DialogCase
@@ -90,6 +91,42 @@ class Logs(DialogCase):
         for name in LOGS:
             os.mkfifo(log(name))
         self.assertEqual(self.accepted(self.file()).status, 0)
+
+
+if place.MAY_MOUNT:
+    class Unwritable(DialogCase):
+        """The folder of the logs lies on a file system that takes nothing."""
+
+        def setUp(self):
+            super().setUp()
+            self.printed = self.file()
+            self.usual = self.outcome()
+            self.assertEqual(self.usual[0], ["idle, accepting jobs"])
+
+        def outcome(self):
+            """What the dialog says of the printer, and all that comes of the run."""
+            seen = []
+            result = self.accepted("-P", "Plain", "-o", "wrap", self.printed,
+                                   work=lambda dialog: seen.append(dialog.status))
+            return seen, result.status, result.arguments, result.output, result.errors
+
+        def mount(self, options):
+            subprocess.run(["mount", "-t", "tmpfs", "-o", options, "none", place.LOGS], check=True)
+            self.addCleanup(subprocess.run, ["umount", place.LOGS], check=True)
+
+        def test_full(self):
+            self.mount("size=4k,mode=1777")
+            with open(log("filler"), "wb") as filler:
+                filler.write(bytes(4096))
+            self.assertEqual(self.outcome(), self.usual)
+            for name in LOGS:
+                with self.subTest(name):
+                    self.assertEqual(os.path.getsize(log(name)), 0)
+
+        def test_read_only(self):
+            self.mount("ro")
+            self.assertEqual(self.outcome(), self.usual)
+            self.assertEqual(os.listdir(place.LOGS), [])
 
 
 class Settings(DialogCase):
