@@ -102,7 +102,8 @@ std::optional<QList<QByteArray>> queueNames(http_t *http)
         if (ippGetGroupTag(attribute) != IPP_TAG_PRINTER ||
             !AttributeValues::isNamed(attribute, PrinterName))
             continue;
-        if (const auto name = AttributeValues::bytes(attribute, 0))
+        const auto name = AttributeValues::bytes(attribute, 0);
+        if (name && !name->empty())
             names.append(QByteArray(name->data(), static_cast<qsizetype>(name->size())));
     }
     return names;
