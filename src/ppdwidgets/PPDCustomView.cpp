@@ -2,6 +2,7 @@
 
 #include "CustomPageSizeView.h"
 #include "EditorText.h"
+#include "IsolatedText.h"
 #include "Param.h"
 #include "ui_PPDCustomView.h"
 
@@ -78,6 +79,7 @@ PPDCustomView::PPDCustomView(QWidget *parent)
     , m_ui(std::make_unique<Ui::PPDCustomForm>())
 {
     m_ui->setupUi(this);
+    m_ui->m_valuesListWidget->setItemDelegate(new IsolatedTextDelegate(m_ui->m_valuesListWidget));
     connect(m_ui->m_valuesListWidget, &QListWidget::currentItemChanged, this,
             &PPDCustomView::currentChanged);
 }

@@ -1,6 +1,7 @@
 #include "PPDOptionView.h"
 
 #include "EditorText.h"
+#include "IsolatedText.h"
 #include "PPDBooleanView.h"
 #include "PPDCustomView.h"
 #include "PPDNumericView.h"
@@ -73,6 +74,7 @@ PPDOptionView::PPDOptionView(QWidget *parent)
     , m_customView(new PPDCustomView)
 {
     addPages();
+    m_choiceList->setItemDelegate(new IsolatedTextDelegate(m_choiceList));
     connect(m_customView, &PPDCustomView::choiceChanged, this, &PPDOptionView::customChanged);
     connect(m_booleanView, &PPDBooleanView::valueChanged, this, &PPDOptionView::selectionChanged);
     connect(m_choiceList, &QListWidget::currentRowChanged, this, &PPDOptionView::selectionChanged);

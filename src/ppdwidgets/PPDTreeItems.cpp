@@ -1,5 +1,6 @@
 #include "PPDTreeItems.h"
 
+#include "IsolatedText.h"
 #include "OptionPictures.h"
 #include "PPDText.h"
 #include "PPDTreeColors.h"
@@ -84,13 +85,6 @@ void mark(ppd_file_t *ppd, ppd_option_t *option, const ppd_choice_t *choice)
 QString rowText(const QString &name, const QString &value)
 {
     return name + opening + value + closing;
-}
-
-/** A text of the driver that keeps its own direction among texts that run from right to left. */
-QString isolated(const QString &text, Qt::LayoutDirection direction)
-{
-    constexpr QChar firstStrongIsolate(0x2068), popDirectionalIsolate(0x2069);
-    return direction == Qt::RightToLeft ? firstStrongIsolate + text + popDirectionalIsolate : text;
 }
 
 /** `value` without its fraction, within the range of an integer. */
