@@ -31,7 +31,8 @@ def pages(path):
 class Demo(unittest.TestCase):
     def setUp(self):
         self.marker = "vesk-demo-test-%d-%d" % (os.getpid(), time.monotonic_ns())
-        self.environment = dict(os.environ, MARKER=self.marker)
+        # The scripted user reads English, whatever the machine speaks.
+        self.environment = dict(os.environ, MARKER=self.marker, LANGUAGE="de")
 
     def results(self, output):
         """The folder with the results of a run, removed after the test."""
