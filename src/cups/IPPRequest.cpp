@@ -2,6 +2,7 @@
 
 #include "AttributeValues.h"
 #include "DiagnosticLog.h"
+#include "Secret.h"
 #include "ServerConnection.h"
 #include "WireText.h"
 
@@ -11,6 +12,7 @@
 #include <array>
 #include <cstdarg>
 #include <cstring>
+#include <sys/prctl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -57,8 +59,7 @@ public:
     }
     void forget()
     {
-        if (!m_text.isEmpty())
-            explicit_bzero(m_text.data(), static_cast<size_t>(m_text.size()));
+        Secret::wipe(m_text);
         m_text = QByteArray();
     }
 
@@ -86,6 +87,8 @@ QString askForPassword()
     const IPPRequest::PasswordPrompt &prompt = authentication().prompt;
     if (!prompt)
         return {};
+    // From now on neither a core dump nor another process of the user shows this one's memory.
+    prctl(PR_SET_DUMPABLE, 0);
     //: Title of the window that asks for the password of the system's administrator.
     return prompt(IPPRequest::tr("Authorization"),
                   IPPRequest::tr("Please, enter the root password:"));
@@ -333,6 +336,7 @@ const char *IPPRequest::rootPasswordCallback(const char *)
         return nullptr;
     }
     state.password.set(typed);
+    Secret::wipe(typed);
     return state.password.text();
 }
 

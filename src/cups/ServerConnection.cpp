@@ -4,6 +4,10 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstring>
+#include <malloc.h>
+#include <string>
+#include <string_view>
 #include <sys/socket.h>
 
 namespace
@@ -50,6 +54,37 @@ Clock::time_point freshDeadline()
     return Clock::now() + std::chrono::milliseconds(ServerConnection::limits().totalMs);
 }
 
+/** Overwrites what follows `mark` in the memory, up to the end of that text or line. */
+void wipeAfter(std::string_view mark, char *memory, size_t size)
+{
+    char *const end = memory + size;
+    while (auto *found = static_cast<char *>(
+               memmem(memory, static_cast<size_t>(end - memory), mark.data(), mark.size()))) {
+        memory = found + mark.size();
+        while (memory < end && *memory != '\0' && *memory != '\r')
+            *memory++ = 'x';
+    }
+}
+
+void wipe(const char *text)
+{
+    if (text)
+        explicit_bzero(const_cast<char *>(text), std::strlen(text));
+}
+
+/**
+ * Overwrites the name and password that the server was given. The library hands the memory of a
+ * connection back as it is, where it would wait for the next one that reads it.
+ */
+void forgetCredentials(http_t *http)
+{
+    wipe(httpGetAuthString(http));
+    auto *const memory = reinterpret_cast<char *>(http);
+    const size_t size = malloc_usable_size(http);
+    wipeAfter("Basic ", memory, size);
+    wipeAfter(std::string(cupsUser()) + ':', memory, size);
+}
+
 /** The server's connection before it is made. */
 ServerConnection::Ptr create()
 {
@@ -86,6 +121,7 @@ Ptr open()
 void close(http_t *http)
 {
     Watchdog::instance().forget(http);
+    forgetCredentials(http);
     httpClose(http);
 }
 
