@@ -1,5 +1,6 @@
 """An ordinary user starts printers, for which the server wants root's password."""
 
+import base64
 import os
 import pty
 
@@ -150,6 +151,41 @@ if not place.IS_ROOT and place.MAY_ADMINISTRATE:
             dialog.button("Start").click()
             self.assert_started(dialog, "Stopped")
             self.assert_cancels(dialog)
+
+        def test_told_to_nobody(self):
+            pid = self.open_given()
+            for name in ("mem", "environ", "maps"):
+                with self.subTest(name), self.assertRaises(PermissionError):
+                    open("/proc/%d/%s" % (pid, name), "rb").close()
+            widgets.press(self.desktop, "Return")
+            result = self.asking_run.finish()
+            client, = result.clients
+            self.assert_silent("the client", repr((client["arguments"], client["environment"])))
+            self.assert_silent("the output", result.output + result.errors)
+            names = [name for name in os.listdir(place.LOGS) if name.endswith(".log")]
+            self.assertIn("ipp_request.log", names)
+            for name in names:
+                with open(os.path.join(place.LOGS, name), errors="backslashreplace") as file:
+                    self.assert_silent(name, file.read())
+
+        def open_given(self):
+            """The process of a run that was given the password, with the dialog's OK in focus."""
+            dialog = self.open_dialog("Stopped", STOPPED)
+            pid = self.asking_run.pid
+            # Until there is a password, it is a process like any other of the user's.
+            open("/proc/%d/environ" % pid, "rb").close()
+            dialog.button("Start").click()
+            self.answer(self.prompt(), "Return", text=place.PASSWORD)
+            self.assert_started(dialog, "Stopped")
+            with open("/proc/%d/cmdline" % pid, errors="backslashreplace") as file:
+                self.assert_silent("the command line", file.read())
+            dialog.tab_to(dialog.button("OK"))
+            return pid
+
+        def assert_silent(self, what, text):
+            credentials = base64.b64encode(b"root:" + place.PASSWORD.encode()).decode()
+            for secret in (place.PASSWORD, credentials):
+                self.assertNotIn(secret, text, what)
 
         def test_next_run_asks_again(self):
             dialog = self.open_dialog("Stopped", STOPPED)

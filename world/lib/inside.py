@@ -28,7 +28,7 @@ def run(options, root):
     user = options.account
     tree.furnish(root)
     if options.server:
-        server.write_settings(root, options.auth)
+        server.write_settings(root, options)
     queues.write_queues(root, options.samples, options.queues)
     _place_programs(options, root, user)
     if user.uid != os.getuid():

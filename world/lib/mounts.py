@@ -53,7 +53,7 @@ def enter(options, root, user):
     processes.unshare(processes.CLONE_NEWNS)
     _isolate()
     _copy_display_key(root, user)
-    if options.auth:
+    if options.auth or options.forbid:
         _bind(server.write_login(root), "/etc/pam.d/cups")
     if options.install:
         _bind(options.install, _folder(root, "opt/Tarvel/mfp"))

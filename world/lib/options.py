@@ -28,6 +28,8 @@ def _parser():
     add("--no-server", dest="server", action="store_false", help="with the server down")
     add("--auth", action="store_true",
         help="administrative requests need the name root and the password 'secret'")
+    add("--forbid", action="store_true",
+        help="administrative requests are refused to everybody, root with his password included")
     client = parser.add_mutually_exclusive_group()
     client.add_argument("--no-record", dest="client", action="store_const", const="system",
                         default="record", help="the system's client itself, without the recorder")

@@ -54,7 +54,7 @@ PreserveJobFiles Yes
   SubscriptionPrivateValues default
   <Limit {administration}>
     AuthType {auth}
-    Require user @SYSTEM root
+    Require user {administrators}
     Order deny,allow
   </Limit>
   <Limit Validate-Job Cancel-Job Cancel-My-Jobs Close-Job CUPS-Get-Document All>
@@ -91,13 +91,15 @@ def _server_user():
     return accounts.current()
 
 
-def write_settings(root, auth):
+def write_settings(root, options):
     """Writes the server's settings and gathers its programs below `root`."""
     user = _server_user()
     etc = os.path.join(root, "etc/cups")
     write(os.path.join(etc, "cups-files.conf"), _FILES.format(root=root, user=user.name))
     write(os.path.join(etc, "cupsd.conf"), _SETTINGS.format(
-        root=root, administration=_ADMINISTRATION, auth="Basic" if auth else "None"))
+        root=root, administration=_ADMINISTRATION,
+        auth="Basic" if options.auth or options.forbid else "None",
+        administrators="nobody-at-all" if options.forbid else "@SYSTEM root"))
     write(os.path.join(etc, "raw.types"), _RAW_TYPES)
     write(os.path.join(etc, "raw.convs"), _RAW_CONVERSIONS)
     _gather_programs(root)
