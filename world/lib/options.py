@@ -30,6 +30,10 @@ def _parser():
         help="administrative requests need the name root and the password 'secret'")
     add("--forbid", action="store_true",
         help="administrative requests are refused to everybody, root with his password included")
+    add("--listen", metavar="ADDRESS:PORT",
+        help="the server also answers there, whoever asks")
+    add("--encryption", choices=("Never", "IfRequested", "Required"), default="IfRequested",
+        help="whether what goes there is encrypted; unless Never, passwords always are")
     client = parser.add_mutually_exclusive_group()
     client.add_argument("--no-record", dest="client", action="store_const", const="system",
                         default="record", help="the system's client itself, without the recorder")

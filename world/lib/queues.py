@@ -37,24 +37,27 @@ Dest Laser/draft Duplex=DuplexNoTumble InputSlot=Tray2 Resolution=300dpi
 """
 
 
-def _record(name, info, location, model, device, lines, default):
+def _record(name, info, location, model, device, lines, default=False):
     kind = "DefaultPrinter" if default else "Printer"
     names = [line.split()[0] for line in lines]
     states = [line for line in ("State Idle", "Accepting Yes") if line.split()[0] not in names]
     return "\n".join([
         "<%s %s>" % (kind, name), "Info " + info, "Location " + location, "MakeModel " + model,
-        "DeviceURI " + device, *states, *lines, "Shared No", "JobSheets none none",
+        "DeviceURI " + device, *states, *lines, "JobSheets none none",
         "OpPolicy default", "ErrorPolicy abort-job", "</%s>" % kind, ""])
 
 
 def _many(count, device):
     for number in range(1, count + 1):
         yield _record("Queue%04d" % number, "Plain queue %d" % number, "Hall", "Local Raw Printer",
-                      device, (), False)
+                      device, ())
 
 
-def write_queues(root, samples, extra):
-    """Writes the printers, the class, the drivers and the saved instance below `root`."""
+def write_queues(root, samples, extra, shared=False):
+    """
+    Writes the printers, the class, the drivers and the saved instance below `root`. Others in the
+    network see only those that are shared.
+    """
     etc = os.path.join(root, "etc/cups")
     device = "tofile:" + os.path.join(root, "pages")
     records = []
@@ -67,4 +70,7 @@ def write_queues(root, samples, extra):
         os.makedirs(os.path.join(root, "home/.cups"))
         write(os.path.join(root, "home/.cups/lpoptions"), _SAVED)
     records += _many(extra, device)
-    write(os.path.join(etc, "printers.conf"), "".join(records))
+    text = "".join(records)
+    if not shared:
+        text = text.replace("\nJobSheets ", "\nShared No\nJobSheets ")
+    write(os.path.join(etc, "printers.conf"), text)

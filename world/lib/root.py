@@ -14,7 +14,7 @@ _LONGEST = 80
 _SETTLED = 10
 
 _FOLDERS = (
-    ("bin", 0o755), ("etc/cups/ppd", 0o755), ("home", 0o755), ("lib/cups", 0o755),
+    ("bin", 0o755), ("etc/cups/ppd", 0o755), ("etc/cups/ssl", 0o700), ("home", 0o755), ("lib/cups", 0o755),
     ("opt/Tarvel", 0o755), ("pages", 0o1777), ("pictures", 0o1777),
     ("tmp", 0o1777), ("tmp/.X11-unix", 0o1777), ("usr/bin", 0o755), ("var/cache/cups", 0o775),
     ("var/log/cups", 0o755), ("var/run/cups", 0o755), ("var/spool/cups/tmp", 0o1770), ("var/tmp", 0o1777),

@@ -44,7 +44,8 @@ PreserveJobFiles Yes
 
 <Location />
   Order allow,deny
-  Allow localhost
+  Allow {clients}
+  Encryption {encryption}
 </Location>
 
 <Policy default>
@@ -96,8 +97,9 @@ def write_settings(root, options):
     user = _server_user()
     etc = os.path.join(root, "etc/cups")
     write(os.path.join(etc, "cups-files.conf"), _FILES.format(root=root, user=user.name))
-    write(os.path.join(etc, "cupsd.conf"), _SETTINGS.format(
-        root=root, administration=_ADMINISTRATION,
+    write(os.path.join(etc, "cupsd.conf"), _listening(options) + _SETTINGS.format(
+        root=root, clients="all" if options.listen else "localhost",
+        encryption=options.encryption, administration=_ADMINISTRATION,
         auth="Basic" if options.auth or options.forbid else "None",
         administrators="nobody-at-all" if options.forbid else "@SYSTEM root"))
     write(os.path.join(etc, "raw.types"), _RAW_TYPES)
@@ -106,6 +108,14 @@ def write_settings(root, options):
     if os.getuid() == 0:
         for name in ("pages", "var/cache/cups", "var/spool/cups", "var/spool/cups/tmp"):
             os.chown(os.path.join(root, name), 0, user.gid)
+
+
+def _listening(options):
+    """The settings of a server that others reach over the network."""
+    if not options.listen:
+        return ""
+    passwords = "Never" if options.encryption == "Never" else "Required"
+    return "Listen %s\nServerAlias *\nDefaultEncryption %s\n" % (options.listen, passwords)
 
 
 def write_login(root):
