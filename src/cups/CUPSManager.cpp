@@ -55,12 +55,35 @@ template <typename Record> QList<Record> recordsOf(ipp_t *response)
     return records;
 }
 
-bool takeFirstPrinter(const IPPRequest &request, CUPSPrinter &out)
+/** The records that the server answers with; nothing where it does not answer. */
+template <typename Record>
+std::optional<QList<Record>> answerTo(CUPSManager &manager, IPPRequest &request,
+                                      const char *resource = nullptr)
 {
-    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
-    if (records.isEmpty())
+    request.addRequestedAttributes(Record::attributeNames());
+    if (!manager.execute(request, resource))
+        return std::nullopt;
+    return recordsOf<Record>(request.response());
+}
+
+std::optional<QList<ClassInfo>> allClasses(CUPSManager &manager)
+{
+    Requests::GetClasses request;
+    return answerTo<ClassInfo>(manager, request);
+}
+
+std::optional<QList<PrinterInfo>> printersAt(CUPSManager &manager, const char *uri)
+{
+    Requests::GetPrinterAttributes request;
+    request.addUri(PrinterUri, uri, Operation);
+    return answerTo<PrinterInfo>(manager, request);
+}
+
+bool takeFirstPrinter(const std::optional<QList<PrinterInfo>> &records, CUPSPrinter &out)
+{
+    if (!records || records->isEmpty())
         return false;
-    out = CUPSPrinter(records.constFirst());
+    out = CUPSPrinter(records->constFirst());
     return true;
 }
 
@@ -103,11 +126,10 @@ bool setPpdName(CUPSManager &manager, const QByteArray &uri, const QByteArray &p
 /** The class at `uri`; empty when there is none, nothing when the server does not tell. */
 std::optional<QString> classNameOf(CUPSManager &manager, const char *uri)
 {
-    Requests::GetClasses request;
-    request.addRequestedAttributes(ClassInfo::attributeNames());
-    if (!manager.execute(request))
+    const auto classes = allClasses(manager);
+    if (!classes)
         return std::nullopt;
-    for (const ClassInfo &cls : recordsOf<ClassInfo>(request.response())) {
+    for (const ClassInfo &cls : *classes) {
         if (cls.uri == fromWire(uri))
             return cls.name;
     }
@@ -117,10 +139,10 @@ std::optional<QString> classNameOf(CUPSManager &manager, const char *uri)
 /** The same for a printer or class. */
 std::optional<QString> nameOf(CUPSManager &manager, const char *uri)
 {
-    CUPSPrinter printer;
-    if (manager.getPrinterAttributes(uri, printer))
-        return printer.attributes.name;
-    return classNameOf(manager, uri);
+    const auto printers = printersAt(manager, uri);
+    if (!printers)
+        return std::nullopt;
+    return printers->isEmpty() ? classNameOf(manager, uri) : printers->constFirst().name;
 }
 
 void removeFromSavedDestinations(const QString &name)
@@ -154,9 +176,10 @@ bool removeMember(ClassInfo &cls, const QString &name, const QString &uri)
 
 bool removeFromClasses(CUPSManager &manager, const QString &name, const QString &uri)
 {
-    QMap<QString, ClassInfo> classes;
-    manager.getClasses(classes);
-    for (ClassInfo &cls : classes) {
+    auto classes = allClasses(manager);
+    if (!classes)
+        return false;
+    for (ClassInfo &cls : *classes) {
         if (removeMember(cls, name, uri) && !manager.modifyClass(cls))
             return false;
     }
@@ -183,10 +206,10 @@ int growth(qsizetype before, qsizetype after)
 bool addJobs(CUPSManager &manager, IPPRequest &request, const char *resource,
              QMap<int, JobInfo> &out)
 {
-    request.addRequestedAttributes(JobInfo::attributeNames());
-    if (!manager.execute(request, resource))
+    const auto jobs = answerTo<JobInfo>(manager, request, resource);
+    if (!jobs)
         return false;
-    for (const JobInfo &job : recordsOf<JobInfo>(request.response()))
+    for (const JobInfo &job : *jobs)
         out.insert(job.jobId, job);
     return true;
 }
@@ -195,15 +218,14 @@ bool addJobs(CUPSManager &manager, IPPRequest &request, const char *resource,
 int addPrinters(CUPSManager &manager, Requests::GetPrinters &request,
                 QMap<QString, CUPSPrinter> &out, const char *filter)
 {
-    request.addRequestedAttributes(PrinterInfo::attributeNames());
-    if (!manager.execute(request) || !ippFirstAttribute(request.response()))
+    const auto records = answerTo<PrinterInfo>(manager, request);
+    if (!records || !ippFirstAttribute(request.response()))
         return 0;
-    const QList<PrinterInfo> records = recordsOf<PrinterInfo>(request.response());
 
     CUPSPrinter defaultPrinter;
     manager.getDefaultPrinter(defaultPrinter);
     const qsizetype before = out.size();
-    for (const PrinterInfo &record : records) {
+    for (const PrinterInfo &record : *records) {
         CUPSPrinter printer(record);
         if (!passes(printer, filter))
             continue;
@@ -253,13 +275,12 @@ bool CUPSManager::findPrinter(const QString &name, CUPSPrinter &out, bool vendor
 
 int CUPSManager::getClasses(QMap<QString, ClassInfo> &out)
 {
-    Requests::GetClasses request;
-    request.addRequestedAttributes(ClassInfo::attributeNames());
-    if (!execute(request))
+    const auto classes = allClasses(*this);
+    if (!classes)
         return 0;
     const qsizetype before = out.size();
-    for (const ClassInfo &record : recordsOf<ClassInfo>(request.response()))
-        out.insert(record.name, record);
+    for (const ClassInfo &cls : *classes)
+        out.insert(cls.name, cls);
     return growth(before, out.size());
 }
 
@@ -277,16 +298,12 @@ bool CUPSManager::findClass(const QString &name, ClassInfo &out)
 bool CUPSManager::getDefaultPrinter(CUPSPrinter &out)
 {
     Requests::GetDefaultPrinter request;
-    request.addRequestedAttributes(PrinterInfo::attributeNames());
-    return execute(request) && takeFirstPrinter(request, out);
+    return takeFirstPrinter(answerTo<PrinterInfo>(*this, request), out);
 }
 
 bool CUPSManager::getPrinterAttributes(const char *uri, CUPSPrinter &out)
 {
-    Requests::GetPrinterAttributes request;
-    request.addUri(PrinterUri, uri, Operation);
-    request.addRequestedAttributes(PrinterInfo::attributeNames());
-    return execute(request) && takeFirstPrinter(request, out);
+    return takeFirstPrinter(printersAt(*this, uri), out);
 }
 
 QString CUPSManager::defaultPrinterName()

@@ -182,10 +182,19 @@ private slots:
     void deletePrinterOfAClassWithOneMember();
     void deleteClass();
     void deleteClassThatOnlyTheClassListKnows();
+    void deletionEndsWithoutAnswer_data();
     void deletionEndsWithoutAnswer();
+    void deletionGoesOnWithoutTheLibrarysAnswer_data();
+    void deletionGoesOnWithoutTheLibrarysAnswer();
+    void deletionGoesOnAfterARefusal_data();
+    void deletionGoesOnAfterARefusal();
 
 private:
     void compareRequests(const QList<Expected> &expected);
+    static void compare(const QList<FakeIppServer::Request> &requests,
+                        const QList<Expected> &expected);
+    static void deletionColumns();
+    void deletion(const FakeIppServer::Answer &bad, bool isDone);
     void setSocketThere(bool isThere);
     static void operationRows();
 
@@ -218,6 +227,15 @@ QByteArray readFile(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
 }
+
+/** The operations in hexadecimal. */
+QByteArray operationsOf(const QList<FakeIppServer::Request> &requests)
+{
+    QByteArrayList operations;
+    for (const FakeIppServer::Request &request : requests)
+        operations += QByteArray::number(request.operation(), 16);
+    return operations.join(' ');
+}
 } // namespace
 
 void TestRequests::init()
@@ -246,7 +264,12 @@ void TestRequests::setSocketThere(bool isThere)
 
 void TestRequests::compareRequests(const QList<Expected> &expected)
 {
-    const auto requests = m_server->takeRequests();
+    compare(m_server->takeRequests(), expected);
+}
+
+void TestRequests::compare(const QList<FakeIppServer::Request> &requests,
+                           const QList<Expected> &expected)
+{
     for (qsizetype i = 0; i < std::min(requests.size(), expected.size()); ++i) {
         QCOMPARE(requests.at(i).method, "POST");
         QCOMPARE(requests.at(i).resource, expected.at(i).resource);
@@ -477,8 +500,6 @@ void TestRequests::stopsAtTheFirstFailure_data()
     const Operation start = [] { return _CUPS->startPrinter(LaserUri); };
     const Operation stop = [] { return _CUPS->stopPrinter(LaserUri); };
     const Operation modify = [=] { return _CUPS->modifyPrinter(withDriver); };
-    const Operation remove = [] { return _CUPS->deletePrinter(LaserUri); };
-    const Operation removeClass = [] { return _CUPS->deleteClass(OfficeUri); };
     const auto rows = [](const char *title, const Operation &operation, int requests) {
         for (int failing = 0; failing < requests; ++failing)
             QTest::addRow("%s %d", title, failing) << operation << failing;
@@ -486,7 +507,6 @@ void TestRequests::stopsAtTheFirstFailure_data()
     rows("startPrinter", start, 2);
     rows("stopPrinter", stop, 2);
     rows("modifyPrinter", modify, 3);
-    rows("deletePrinter", remove, 2);
     rows(
         "setDefaultPrinter", [] { return _CUPS->setDefaultPrinter(QStringLiteral("u")); }, 1);
     rows(
@@ -576,26 +596,21 @@ void TestRequests::deletePrinter()
     QVERIFY(_CUPS->deletePrinter(LaserUri));
 
     auto requests = m_server->takeRequests();
-    QVERIFY(requests.size() >= 6);
-    const auto sends = [&requests](qsizetype index, const QByteArray &resource,
-                                   const QByteArray &message) {
-        return requests.at(index).resource == resource && requests.at(index).message == message;
-    };
-    QVERIFY(sends(0, "/admin/", withUri(0x4009, LaserUri)));
-    QVERIFY(sends(1, "/admin/", withUri(0x0010, LaserUri)));
-    QVERIFY(sends(2, "/printers/", getAttributes(LaserUri)));
-    // Then the library's own question, before it writes the saved options, and the classes.
-    const qsizetype last = requests.size() - 1;
-    QVERIFY(sends(last - 2, "/classes/", getClasses()));
-    QVERIFY(sends(last - 1, "/admin/",
-                  IppBytes::request(0x4006)
-                      .uri("printer-uri", OfficeUri)
-                      .text("printer-location", "")
-                      .text("printer-info", "")
-                      .integer(0x23, "printer-state", 3)
-                      .boolean("printer-is-accepting-jobs", 0)
-                      .uri("member-uris", "ipp://localhost/printers/Plain")));
-    QVERIFY(sends(last, "/admin/", withUri(0x4004, LaserUri)));
+    QCOMPARE(operationsOf(requests), "4009 10 b 4002 4005 4006 4004");
+    // The library's own question, before it writes the saved options.
+    requests.removeAt(3);
+    compare(requests, {{"/admin/", withUri(0x4009, LaserUri)},
+                       {"/admin/", withUri(0x0010, LaserUri)},
+                       {"/printers/", getAttributes(LaserUri)},
+                       {"/classes/", getClasses()},
+                       {"/admin/", IppBytes::request(0x4006)
+                                       .uri("printer-uri", OfficeUri)
+                                       .text("printer-location", "")
+                                       .text("printer-info", "")
+                                       .integer(0x23, "printer-state", 3)
+                                       .boolean("printer-is-accepting-jobs", 0)
+                                       .uri("member-uris", "ipp://localhost/printers/Plain")},
+                       {"/admin/", withUri(0x4004, LaserUri)}});
     QCOMPARE(readFile(userOptionsPath()), "Dest Gone z=1\nDest Laser/draft q=1\n");
 }
 
@@ -656,13 +671,129 @@ void TestRequests::deleteClassThatOnlyTheClassListKnows()
     QCOMPARE(readFile(userOptionsPath()), "Dest Laser a=1\n");
 }
 
+namespace
+{
+constexpr char SavedBefore[] = "Dest Gone z=1\nDest Laser a=1\nDest Office b=1\n";
+constexpr char WithoutLaser[] = "Dest Gone z=1\nDest Office b=1\n";
+constexpr char WithoutOffice[] = "Dest Gone z=1\nDest Laser a=1\n";
+
+constexpr int EveryOperation = 0;
+
+bool deleteLaser()
+{
+    return _CUPS->deletePrinter(LaserUri);
+}
+
+bool deleteOffice()
+{
+    return _CUPS->deleteClass(OfficeUri);
+}
+
+/** The sample server, which knows Office in the list of classes alone. */
+FakeIppServer::Answer answerOfOldServer(const FakeIppServer::Request &request)
+{
+    if (request.operation() == 0x000B && request.message.contains(OfficeUri))
+        return FakeIppServer::ok(IppBytes::response(0x0406));
+    return answerOfSampleServer(request);
+}
+
+/** What is deleted where one operation has a bad answer, what is sent and what stays saved. */
+void deletionRow(const char *title, const Operation &operation, int bad, const char *sent,
+                 const char *saved)
+{
+    QTest::addRow("%s", title) << operation << bad << QByteArray(sent) << QByteArray(saved);
+}
+} // namespace
+
+void TestRequests::deletionColumns()
+{
+    QTest::addColumn<Operation>("operation");
+    QTest::addColumn<int>("badOperation");
+    QTest::addColumn<QByteArray>("sent");
+    QTest::addColumn<QByteArray>("saved");
+}
+
+void TestRequests::deletion(const FakeIppServer::Answer &bad, bool isDone)
+{
+    QFETCH(Operation, operation);
+    QFETCH(int, badOperation);
+    QFETCH(QByteArray, sent);
+    QFETCH(QByteArray, saved);
+    writeFile(userOptionsPath(), SavedBefore);
+    m_server->setHandler([bad, badOperation](const FakeIppServer::Request &request) {
+        const bool isBad = badOperation == EveryOperation || badOperation == request.operation();
+        return isBad ? bad : answerOfOldServer(request);
+    });
+    QCOMPARE(operation(), isDone);
+    QCOMPARE(operationsOf(m_server->takeRequests()), sent);
+    QCOMPARE(readFile(userOptionsPath()), saved);
+}
+
+void TestRequests::deletionEndsWithoutAnswer_data()
+{
+    deletionColumns();
+    const auto laser = [](const char *title, int bad, const char *sent, const char *saved) {
+        deletionRow(title, deleteLaser, bad, sent, saved);
+    };
+    laser("printer: reject", 0x4009, "4009", SavedBefore);
+    laser("printer: pause", 0x0010, "4009 10", SavedBefore);
+    laser("printer: attributes", 0x000B, "4009 10 b", SavedBefore);
+    laser("printer: classes", 0x4005, "4009 10 b 4002 4005", WithoutLaser);
+    laser("printer: class", 0x4006, "4009 10 b 4002 4005 4006", WithoutLaser);
+    laser("printer: delete", 0x4004, "4009 10 b 4002 4005 4006 4004", WithoutLaser);
+    const auto office = [](const char *title, int bad, const char *sent, const char *saved) {
+        deletionRow(title, deleteOffice, bad, sent, saved);
+    };
+    office("class: attributes", 0x000B, "b", SavedBefore);
+    office("class: classes", 0x4005, "b 4005", SavedBefore);
+    office("class: delete", 0x4007, "b 4005 4002 4007", WithoutOffice);
+}
+
 void TestRequests::deletionEndsWithoutAnswer()
 {
-    writeFile(userOptionsPath(), "Dest Office b=1\n");
-    m_server->setHandler([](const auto &) { return FakeIppServer::failure(500); });
-    QVERIFY(!_CUPS->deleteClass(OfficeUri));
-    QCOMPARE(m_server->takeRequests().size(), 2);
-    QCOMPARE(readFile(userOptionsPath()), "Dest Office b=1\n");
+    deletion(FakeIppServer::failure(500), false);
+    QCOMPARE(_CUPS->lastStatus(), 0);
+}
+
+void TestRequests::deletionGoesOnWithoutTheLibrarysAnswer_data()
+{
+    deletionColumns();
+    deletionRow("printer", deleteLaser, 0x4002, "4009 10 b 4002 4005 4006 4004", SavedBefore);
+    deletionRow("class", deleteOffice, 0x4002, "b 4005 4002 4007", SavedBefore);
+}
+
+void TestRequests::deletionGoesOnWithoutTheLibrarysAnswer()
+{
+    deletion(FakeIppServer::failure(500), true);
+}
+
+void TestRequests::deletionGoesOnAfterARefusal_data()
+{
+    deletionColumns();
+    const auto laser = [](const char *title, int bad, const char *sent, const char *saved) {
+        deletionRow(title, deleteLaser, bad, sent, saved);
+    };
+    constexpr char Whole[] = "4009 10 b 4002 4005 4006 4004";
+    laser("printer: reject", 0x4009, Whole, WithoutLaser);
+    laser("printer: pause", 0x0010, Whole, WithoutLaser);
+    // Nobody tells the name: it is looked for among the classes, and nothing saved is removed.
+    laser("printer: attributes", 0x000B, "4009 10 b 4005 4005 4006 4004", SavedBefore);
+    laser("printer: classes", 0x4005, "4009 10 b 4002 4005 4004", WithoutLaser);
+    laser("printer: class", 0x4006, Whole, WithoutLaser);
+    laser("printer: delete", 0x4004, Whole, WithoutLaser);
+    laser("printer: all", EveryOperation, "4009 10 b 4005 4005 4004", SavedBefore);
+    const auto office = [](const char *title, int bad, const char *sent, const char *saved) {
+        deletionRow(title, deleteOffice, bad, sent, saved);
+    };
+    office("class: attributes", 0x000B, "b 4005 4002 4007", WithoutOffice);
+    office("class: classes", 0x4005, "b 4005 4007", SavedBefore);
+    office("class: delete", 0x4007, "b 4005 4002 4007", WithoutOffice);
+    office("class: all", EveryOperation, "b 4005 4007", SavedBefore);
+}
+
+void TestRequests::deletionGoesOnAfterARefusal()
+{
+    deletion(FakeIppServer::ok(IppBytes::response(0x0403)), true);
 }
 
 QTEST_GUILESS_MAIN(TestRequests)
