@@ -61,7 +61,7 @@ std::optional<QList<Record>> answerTo(CUPSManager &manager, IPPRequest &request,
                                       const char *resource = nullptr)
 {
     request.addRequestedAttributes(Record::attributeNames());
-    if (!manager.execute(request, resource))
+    if (!manager.executeListing(request, resource))
         return std::nullopt;
     return recordsOf<Record>(request.response());
 }
@@ -79,12 +79,35 @@ std::optional<QList<PrinterInfo>> printersAt(CUPSManager &manager, const char *u
     return answerTo<PrinterInfo>(manager, request);
 }
 
-bool takeFirstPrinter(const std::optional<QList<PrinterInfo>> &records, CUPSPrinter &out)
+bool takeFirstPrinter(const QList<PrinterInfo> &records, CUPSPrinter &out)
 {
-    if (!records || records->isEmpty())
+    if (records.isEmpty())
         return false;
-    out = CUPSPrinter(records->constFirst());
+    out = CUPSPrinter(records.constFirst());
     return true;
+}
+
+/** What stands for the answer that did not come: a closed door says why. */
+int statusWithoutAnswer()
+{
+    const ipp_status_t status = cupsLastError();
+    switch (status) {
+    case IPP_STATUS_ERROR_FORBIDDEN:
+    case IPP_STATUS_ERROR_NOT_AUTHENTICATED:
+    case IPP_STATUS_ERROR_NOT_AUTHORIZED:
+        return status;
+    case IPP_STATUS_ERROR_CUPS_AUTHENTICATION_CANCELED:
+        return IPP_STATUS_ERROR_NOT_AUTHENTICATED;
+    default:
+        return CUPSManager::NoAnswer;
+    }
+}
+
+/** The status of what the library itself has just asked on the connection. */
+int statusOfLibrary(http_t *http)
+{
+    return httpGetStatus(http) == HTTP_STATUS_OK ? static_cast<int>(cupsLastError())
+                                                 : statusWithoutAnswer();
 }
 
 bool passes(const CUPSPrinter &printer, const char *filter)
@@ -186,15 +209,17 @@ bool removeFromClasses(CUPSManager &manager, const QString &name, const QString 
     return true;
 }
 
-/** Adds the jobs of all users. */
-void addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destination, int which)
+/** Adds the jobs of all users; returns how the server answered. */
+int addLibraryJobs(QMap<int, JobInfo> &out, http_t *http, const char *destination, int which)
 {
     constexpr int OfAllUsers = 0;
     cups_job_t *jobs = nullptr;
     const int count = cupsGetJobs2(http, &jobs, destination, OfAllUsers, which);
     for (int i = 0; i < count; ++i)
         out.insert(jobs[i].id, JobInfo(jobs[i]));
+    const int status = statusOfLibrary(http);
     cupsFreeJobs(count, jobs);
+    return status;
 }
 
 int growth(qsizetype before, qsizetype after)
@@ -249,6 +274,17 @@ bool CUPSManager::execute(IPPRequest &request, const char *resource)
     return isSent;
 }
 
+bool CUPSManager::executeListing(IPPRequest &request, const char *resource)
+{
+    const bool isAnswered = execute(request, resource);
+    const bool wasSent = !request.request();
+    if (isAnswered)
+        m_listingStatus = m_lastStatus;
+    else
+        m_listingStatus = wasSent ? statusWithoutAnswer() : NoAnswer;
+    return isAnswered;
+}
+
 int CUPSManager::getPrinters(QMap<QString, CUPSPrinter> &out, int type, int mask,
                              const char *filter)
 {
@@ -298,20 +334,26 @@ bool CUPSManager::findClass(const QString &name, ClassInfo &out)
 bool CUPSManager::getDefaultPrinter(CUPSPrinter &out)
 {
     Requests::GetDefaultPrinter request;
-    return takeFirstPrinter(answerTo<PrinterInfo>(*this, request), out);
+    request.addRequestedAttributes(PrinterInfo::attributeNames());
+    return execute(request) && takeFirstPrinter(recordsOf<PrinterInfo>(request.response()), out);
 }
 
 bool CUPSManager::getPrinterAttributes(const char *uri, CUPSPrinter &out)
 {
-    return takeFirstPrinter(printersAt(*this, uri), out);
+    return takeFirstPrinter(printersAt(*this, uri).value_or(QList<PrinterInfo>()), out);
 }
 
 QString CUPSManager::defaultPrinterName()
 {
     const ServerConnection::Ptr http = ServerConnection::open();
     // Without a connection the library would open one of its own, and wait for it without limit.
-    return http ? fromWire(cupsGetDefault2(http.get()))
-                : fromWire(Destinations::environmentDefault());
+    const QString name =
+        http ? fromWire(cupsGetDefault2(http.get())) : fromWire(Destinations::environmentDefault());
+    if (!name.isEmpty())
+        m_listingStatus = IPP_STATUS_OK;
+    else
+        m_listingStatus = http ? statusOfLibrary(http.get()) : NoAnswer;
+    return name;
 }
 
 bool CUPSManager::startPrinter(const char *uri)
@@ -421,13 +463,17 @@ bool CUPSManager::deleteClass(const char *uri)
 
 int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool activeOnly)
 {
+    m_listingStatus = NoAnswer;
     const ServerConnection::Ptr http = ServerConnection::open();
     if (!http)
         return 0;
     const qsizetype before = out.size();
-    addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE);
-    if (!activeOnly)
-        addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
+    m_listingStatus = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE);
+    if (activeOnly)
+        return growth(before, out.size());
+    const int status = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
+    if (m_listingStatus == IPP_STATUS_OK)
+        m_listingStatus = status;
     return growth(before, out.size());
 }
 
@@ -448,7 +494,8 @@ int CUPSManager::getJobsWithUris(QMap<int, JobInfo> &out)
 QList<DriverInfo> CUPSManager::getPPDs(const char *make)
 {
     Requests::GetPPDs request(make);
-    return execute(request) ? recordsOf<DriverInfo>(request.response()) : QList<DriverInfo>();
+    return executeListing(request) ? recordsOf<DriverInfo>(request.response())
+                                   : QList<DriverInfo>();
 }
 
 QString CUPSManager::stateText(int state, bool accepting)

@@ -38,6 +38,18 @@ public:
     /** The IPP status code of the last response, 0 when the last request got none. */
     int lastStatus() const { return m_lastStatus; }
 
+    /** In place of an IPP status: there was no answer. */
+    static constexpr int NoAnswer = -1;
+    /**
+     * How the server answered the request that made the last list or record: getPrinters,
+     * findPrinter, getClasses, findClass, getPrinterAttributes, getJobs, getJobsWithUris, getPPDs,
+     * defaultPrinterName. An IPP status, or NoAnswer; unlike lastStatus() it tells the two apart,
+     * does not change with what is asked afterwards, and covers the library's own requests.
+     */
+    int listingStatus() const { return m_listingStatus; }
+    /** As execute, for the request that makes a list: keeps listingStatus(), too. */
+    bool executeListing(IPPRequest &request, const char *resource = nullptr);
+
     /**
      * Adds the printers to `out`, by name, and returns by how many entries it grew. `filter` may be
      * null; otherwise a record passes whose make or model contains it, whatever the case.
@@ -83,6 +95,7 @@ public:
 
 private:
     int m_lastStatus = 0;
+    int m_listingStatus = 0;
 };
 
 /** The process's one CUPSManager. */

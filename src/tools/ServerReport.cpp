@@ -28,17 +28,27 @@ QString defaultText(CUPSManager &server, const ReportOptions &options)
     return QStringLiteral("Default: %1\n").arg(name);
 }
 
-QString printerText(const CUPSPrinter &printer)
+QString nameOfServerDefault(CUPSManager &server)
 {
-    return titled("Printer", printer.attributes, dumpPrinter(printer.attributes));
+    CUPSPrinter printer;
+    server.getDefaultPrinter(printer);
+    return printer.attributes.name;
+}
+
+const char *kindOf(const PrinterInfo &info)
+{
+    return info.printerType & CUPS_PRINTER_CLASS ? "Class" : "Printer";
 }
 
 QString printerAtUri(CUPSManager &server, const ReportOptions &options)
 {
     CUPSPrinter printer;
+    PrinterInfo &info = printer.attributes;
     const bool isFound = server.getPrinterAttributes(options.uri.toUtf8().constData(), printer);
-    return isFound && options.matchesName(printer.attributes.name) ? printerText(printer)
-                                                                   : QString();
+    if (!isFound || !options.matchesName(info.name))
+        return {};
+    info.isDefault = info.name == nameOfServerDefault(server);
+    return titled(kindOf(info), info, dumpPrinter(info));
 }
 
 QString printersText(CUPSManager &server, const ReportOptions &options)
@@ -52,7 +62,7 @@ QString printersText(CUPSManager &server, const ReportOptions &options)
     QString text;
     for (const CUPSPrinter &printer : std::as_const(printers)) {
         if (options.matchesName(printer.attributes.name))
-            text += printerText(printer);
+            text += titled("Printer", printer.attributes, dumpPrinter(printer.attributes));
     }
     return text;
 }
@@ -60,9 +70,12 @@ QString printersText(CUPSManager &server, const ReportOptions &options)
 QString classesText(CUPSManager &server, const ReportOptions &options)
 {
     QMap<QString, ClassInfo> classes;
-    server.getClasses(classes);
+    if (server.getClasses(classes) == 0)
+        return {};
+    const QString defaultName = nameOfServerDefault(server);
     QString text;
-    for (const ClassInfo &cls : std::as_const(classes)) {
+    for (ClassInfo &cls : classes) {
+        cls.isDefault = cls.name == defaultName;
         if (options.matchesName(cls.name))
             text += titled("Class", cls, dumpClass(cls));
     }
@@ -124,13 +137,15 @@ constexpr std::array SectionTexts = {
 bool isAnswering(CUPSManager &server)
 {
     Requests::GetDefaultPrinter request;
-    return server.execute(request);
+    return server.executeListing(request);
 }
 
-/** The server's last word when it was a refusal. "Not found" is none: there is nothing then. */
-QString refusal(const CUPSManager &server)
+/** What was wrong with the last list; empty: nothing. "Not found" is an empty list. */
+QString complaint(const CUPSManager &server)
 {
-    const int status = server.lastStatus();
+    const int status = server.listingStatus();
+    if (status == CUPSManager::NoAnswer)
+        return QStringLiteral("the print server does not answer");
     if (status < IPP_STATUS_ERROR_BAD_REQUEST || status == IPP_STATUS_ERROR_NOT_FOUND)
         return {};
     return IPPRequest::statusText(status);
@@ -151,14 +166,14 @@ Report reportOn(CUPSManager &server, const ReportOptions &options)
 {
     Report report;
     if (!isAnswering(server)) {
-        report.error = QStringLiteral("the print server does not answer");
+        report.error = complaint(server);
         return report;
     }
     for (const SectionText &section : SectionTexts) {
         if (!options.sections.testFlag(section.section))
             continue;
         report.text += section.text(server, options);
-        report.error = refusal(server);
+        report.error = complaint(server);
         if (!report.error.isEmpty())
             return report;
     }

@@ -7,6 +7,7 @@ import datetime
 import os
 import re
 import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -53,6 +54,10 @@ def queue_job(queue, title):
     """Queues a job and returns its number."""
     text = output_of("lp", "-d", queue, "-t", title, __file__)
     return int(re.search(r"-(\d+) ", text).group(1))
+
+
+def set_default(name):
+    output_of("lpadmin", "-d", name)
 
 
 def wait_until_done(number):
@@ -107,6 +112,12 @@ class Listings(unittest.TestCase):
         self.assertEqual(output_of("lpstat", "-c", "Office").split()[4:],
                          about["member-names"])
 
+    def test_default_class(self):
+        self.addCleanup(set_default, "Laser")
+        set_default("Office")
+        about = ipp.printers(_SERVER, *_DUMPED)["Office"]
+        self.assert_printed(dump("Class", "Office", about, True), "classes")
+
     def test_everything(self):
         self.assertEqual(run().stdout, run("default", "printers", "classes", "jobs").stdout)
 
@@ -141,8 +152,14 @@ class Listings(unittest.TestCase):
         queues = ipp.printers(_SERVER, *_DUMPED)
         self.assert_printed(dump("Printer", "Photo", queues["Photo"], False),
                             "--uri", "ipp://localhost/printers/Photo", "printers")
-        self.assert_printed(dump("Printer", "Office", queues["Office"], False),
+        about = queues["Office"]
+        text = dump("Class", "Office", about, False)
+        members = "\tprinters: <%s>\n" % "|".join(about.pop("member-names"))
+        self.assertIn(members, text)
+        self.assert_printed(text.replace(members, ""),
                             "--uri", "ipp://localhost/classes/Office", "printers")
+        self.assert_printed(dump("Printer", "Laser", queues["Laser"], True),
+                            "--uri", "ipp://localhost/printers/Laser", "printers")
         self.assert_printed("", "--uri", "ipp://localhost/printers/nobody", "printers")
 
     def test_drivers(self):
@@ -292,10 +309,15 @@ class Logs(unittest.TestCase):
         self.assertEqual(logs["printer"] + logs["class"] + logs["job"], b"")
 
 
-class Closing:
-    """A server that closes each connection as soon as it has come."""
+class BadServer:
+    """
+    A server that answers the first request with an empty success, the others with the HTTP and IPP
+    status `later`. It closes each connection without an answer where the status is None.
+    """
 
-    def __init__(self):
+    def __init__(self, first, later):
+        self._statuses = [first]
+        self._later = later
         self._folder = tempfile.TemporaryDirectory()
         self.path = os.path.join(self._folder.name, "socket")
         self._listener = socket.socket(socket.AF_UNIX)
@@ -307,15 +329,58 @@ class Closing:
     def _serve(self):
         while True:
             try:
-                self._listener.accept()[0].close()
+                client = self._listener.accept()[0]
             except OSError:
                 return
+            with client, client.makefile("rwb") as stream:
+                while self._answer(stream):
+                    pass
 
-    def close(self):
+    def _answer(self, stream):
+        """Whether the connection stays open."""
+        status = self._statuses[0] if self._statuses else self._later
+        if status is None or not self._read(stream):
+            return False
+        self._statuses[:1] = []
+        http_status, ipp_status = status
+        body = struct.pack(">BBHiB", 2, 0, ipp_status, 1, 3)
+        try:
+            stream.write(b"HTTP/1.1 %d Answer\r\nContent-Type: application/ipp\r\n"
+                         b"Content-Length: %d\r\n\r\n%s" % (http_status, len(body), body))
+            stream.flush()
+        except OSError:
+            return False
+        return True
+
+    @staticmethod
+    def _read(stream):
+        length = 0
+        try:
+            if not stream.readline():
+                return False
+            for line in iter(stream.readline, b"\r\n"):
+                if line.lower().startswith(b"content-length:"):
+                    length = int(line.split(b":")[1])
+            return len(stream.read(length)) == length
+        except OSError:
+            return False
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
         self._listener.shutdown(socket.SHUT_RDWR)
         self._thread.join()
         self._listener.close()
         self._folder.cleanup()
+
+
+OK = (200, 0)
+SECTIONS = (["default"], ["printers"], ["printers", "--uri", "ipp://localhost/printers/x"],
+            ["classes"], ["jobs"], ["jobs", "--which", "all"], ["jobs", "--uris"], ["drivers"])
+NO_ANSWER = "the print server does not answer"
+NOT_AUTHENTICATED = "IPP_NOT_AUTHENTICATED - Not authenticated. Perhaps wrong password"
+FORBIDDEN = "IPP_FORBIDDEN - Operation forbidden"
 
 
 class Statuses(unittest.TestCase):
@@ -337,12 +402,45 @@ class Statuses(unittest.TestCase):
                                       complaint + " (try --help)")
 
     def test_without_server(self):
-        closing = Closing()
-        self.addCleanup(closing.close)
-        for server in ("/nonexistent", closing.path):
-            with self.subTest(server):
-                self.assert_complaint(run(server=server), FAILED,
-                                      "the print server does not answer")
+        with BadServer(None, None) as closing:
+            for server in ("/nonexistent", closing.path):
+                with self.subTest(server):
+                    self.assert_complaint(run(server=server), FAILED, NO_ANSWER)
+
+    def assert_each_section(self, first, later, status, complaint, sections=SECTIONS):
+        for section in sections:
+            with self.subTest(section), BadServer(first, later) as server:
+                found = run(*section, server=server.path)
+                if complaint:
+                    self.assert_complaint(found, status, complaint)
+                else:
+                    self.assertEqual((found.returncode, found.stdout, found.stderr),
+                                     (status, "", ""))
+
+    def test_server_that_knows_nothing(self):
+        self.assert_each_section(OK, OK, NOTHING_FOUND, None)
+        self.assert_each_section(OK, (200, 0x0406), NOTHING_FOUND, None)
+
+    def test_server_that_refuses(self):
+        for status, complaint in ((0x0403, "IPP_NOT_AUTHORIZED - Not authorized"),
+                                  (0x0500, "IPP_INTERNAL_ERROR - Internal error"),
+                                  (0x0502, "IPP_SERVICE_UNAVAILABLE - Serice unavailable")):
+            with self.subTest(hex(status)):
+                self.assert_each_section(OK, (200, status), FAILED, complaint)
+
+    def test_server_that_goes_away(self):
+        self.assert_each_section(OK, None, FAILED, NO_ANSWER)
+        self.assert_each_section(OK, (500, 0), FAILED, NO_ANSWER)
+
+    def test_server_that_lets_nobody_in(self):
+        for first in (OK, (401, 0)):
+            self.assert_each_section(first, (401, 0), FAILED, NOT_AUTHENTICATED)
+        for first in (OK, (403, 0)):
+            self.assert_each_section(first, (403, 0), FAILED, FORBIDDEN)
+
+    def test_no_stale_complaint(self):
+        # The first look is refused, the list is not.
+        self.assert_each_section((200, 0x0403), OK, NOTHING_FOUND, None)
 
     def test_full_output(self):
         with open("/dev/full", "w") as full:
