@@ -84,13 +84,20 @@ void storeDirectories(const char *programPath)
     store(record.shareDirectory, std::string(record.rootDirectory) + "/share");
 }
 
+/** A folder can be opened for reading, too; nothing can be read from it. */
+bool isFolder(FILE *file)
+{
+    struct stat status = {};
+    return fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 FilePtr openSettingsFile()
 {
     const std::string candidates[] = {joined(record.shareDirectory, settingsFileName),
                                       joined(record.rootDirectory, settingsFileName),
                                       settingsFileName};
     for (const std::string &path : candidates) {
-        if (FilePtr file{std::fopen(path.c_str(), "re")})
+        if (FilePtr file{std::fopen(path.c_str(), "re")}; file && !isFolder(file.get()))
             return file;
     }
     return nullptr;

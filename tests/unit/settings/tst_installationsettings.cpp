@@ -21,6 +21,7 @@ private slots:
     void directories();
     void relativePath_data();
     void relativePath();
+    void relativePathInTopFolder();
     void relativePathInRootDirectory();
     void nullPath();
     void removedWorkingDirectory();
@@ -28,6 +29,7 @@ private slots:
     void firstFileWins_data();
     void firstFileWins();
     void unreadableFileIsPassedOver();
+    void folderIsPassedOver();
     void missingFile();
     void defaults();
     void numbers_data();
@@ -180,6 +182,15 @@ void tst_InstallationSettings::relativePath()
     QCOMPARE(QByteArray(settings().programDirectory), root() + program);
 }
 
+void tst_InstallationSettings::relativePathInTopFolder()
+{
+    QVERIFY(QDir::setCurrent(QStringLiteral("/tmp")));
+    InstallationSettings::load("vesk");
+    QCOMPARE(settings().programDirectory, "/tmp");
+    QCOMPARE(settings().rootDirectory, "");
+    QCOMPARE(settings().shareDirectory, "/share");
+}
+
 void tst_InstallationSettings::relativePathInRootDirectory()
 {
     QVERIFY(QDir::setCurrent(QStringLiteral("/")));
@@ -252,6 +263,16 @@ void tst_InstallationSettings::unreadableFileIsPassedOver()
     // A link into nowhere cannot be opened, for root neither.
     QVERIFY(QFile::link(QStringLiteral("/nonexistent/OEM.ini"),
                         m_tree->filePath(QStringLiteral("share/OEM.ini"))));
+    write(QStringLiteral("OEM.ini"), "VENDOR=Second\n");
+    QCOMPARE(InstallationSettings::load((root() + "/bin/vesk").constData()), 0);
+    QCOMPARE(settings().vendor, "Second");
+}
+
+void tst_InstallationSettings::folderIsPassedOver()
+{
+    QVERIFY(QDir(m_tree->path()).mkdir(QStringLiteral("share/OEM.ini")));
+    QCOMPARE(InstallationSettings::load((root() + "/bin/vesk").constData()), -1);
+    QCOMPARE(number("parallelPort"), 0);
     write(QStringLiteral("OEM.ini"), "VENDOR=Second\n");
     QCOMPARE(InstallationSettings::load((root() + "/bin/vesk").constData()), 0);
     QCOMPARE(settings().vendor, "Second");
