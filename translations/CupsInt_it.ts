@@ -21,7 +21,7 @@
     <message>
         <source>unknown</source>
         <extracomment>State of a printer.</extracomment>
-        <translation>sconosciuto</translation>
+        <translation>sconosciuta</translation>
     </message>
     <message>
         <source>accepting jobs</source>
@@ -30,6 +30,7 @@
     </message>
     <message>
         <source>rejecting jobs</source>
+        <extracomment>Follows the state of a printer: &quot;idle, rejecting jobs&quot;.</extracomment>
         <translation>rifiuta lavori</translation>
     </message>
     <message>

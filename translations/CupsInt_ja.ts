@@ -30,6 +30,7 @@
     </message>
     <message>
         <source>rejecting jobs</source>
+        <extracomment>Follows the state of a printer: &quot;idle, rejecting jobs&quot;.</extracomment>
         <translation>ジョブを拒否中</translation>
     </message>
     <message>

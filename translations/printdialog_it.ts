@@ -35,6 +35,7 @@
     </message>
     <message>
         <source>Error!</source>
+        <extracomment>Title of a message: something could not be done.</extracomment>
         <translation>Errore!</translation>
     </message>
     <message>
@@ -44,6 +45,7 @@
     </message>
     <message>
         <source>Warning!</source>
+        <extracomment>Title of a message: what is asked for cannot be done now.</extracomment>
         <translation>Attenzione!</translation>
     </message>
     <message>

@@ -518,10 +518,12 @@ QString CUPSManager::stateText(int state, bool accepting)
         //: State of a printer.
         text = tr("unknown");
     }
-    const QString jobs = accepting
-                             //: Follows the state of a printer: "idle, accepting jobs".
-                             ? tr("accepting jobs")
-                             : tr("rejecting jobs");
+    //: Follows the state of a printer: "idle, accepting jobs".
+    QString jobs = tr("accepting jobs");
+    if (!accepting) {
+        //: Follows the state of a printer: "idle, rejecting jobs".
+        jobs = tr("rejecting jobs");
+    }
     //: State of a printer, and whether it accepts jobs: "idle, accepting jobs".
     return tr("%1, %2").arg(text, jobs);
 }

@@ -344,6 +344,7 @@ void PrintDialog::SetAsDefault()
                                           {QStringLiteral("-d"), m_destination}, limit);
     ui->SetAsDefButton->setEnabled(false);
     if (status != 0)
+        //: Title of a message: something could not be done.
         refuse(tr("Error!"),
                //: %1 is the name of a printer.
                tr("\"%1\" could not be made the default.").arg(m_destination));
@@ -407,6 +408,7 @@ void PrintDialog::updateCopiesControls()
 void PrintDialog::accept()
 {
     if (ui->StartButton->isEnabled()) {
+        //: Title of a message: what is asked for cannot be done now.
         refuse(tr("Warning!"), tr("You can't print anything while printer is stopped. Please, "
                                   "start the selected printer."));
         return;
@@ -431,6 +433,7 @@ bool PrintDialog::acceptsPages(const PageAndCopies &choice)
         return true;
     // Each placeholder is %1, so the page text fills all three of them. Only a translation that
     // numbers them shows the position and the item.
+    //: Title of a message: something could not be done.
     refuse(tr("Error!"),
            //: Number the placeholders in a translation: %1 is all that was typed, %2 the position
            //: of the error in it, %3 what stands there.

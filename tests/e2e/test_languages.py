@@ -13,6 +13,8 @@ import catalogues  # noqa: E402
 GERMAN = {"LC_ALL": "de_DE.UTF-8"}
 ARABIC = {"LC_ALL": None, "LANG": "ar_EG.UTF-8"}
 JAPANESE = {"LC_ALL": "C.UTF-8", "LANGUAGE": "ja"}
+CHINESE = {"LC_ALL": "C.UTF-8", "LANGUAGE": "zh_CN"}
+BRAZILIAN = {"LC_ALL": "C.UTF-8", "LANGUAGE": "pt_BR"}
 ENGLISH_THEN_GERMAN = {"LC_ALL": None, "LANG": "en_US.UTF-8", "LANGUAGE": "en_US:de"}
 
 CHOOSER = "Select file(s) to print"
@@ -33,7 +35,8 @@ class Languages(DialogCase):
         return run, self.window(run, title)
 
     def test_texts_are_in_the_users_language(self):
-        for language, environment in (("de", GERMAN), ("ar", ARABIC), ("ja", JAPANESE)):
+        for language, environment in (("de", GERMAN), ("ar", ARABIC), ("ja", JAPANESE),
+                                      ("zh_CN", CHINESE), ("pt_BR", BRAZILIAN)):
             with self.subTest(language):
                 run, window = self.open(environment, text(language, "LPR GUI"))
                 window.find("check box", text(language, "Collate copies"))
