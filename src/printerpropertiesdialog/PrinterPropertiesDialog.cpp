@@ -60,6 +60,16 @@ void alignWithLayout(QLabel *label)
                         Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 
+/** Has the box show its details from the start. */
+void showDetails(const QMessageBox &box)
+{
+    const QList<QAbstractButton *> buttons = box.buttons();
+    for (QAbstractButton *button : buttons) {
+        if (box.buttonRole(button) == QMessageBox::ActionRole)
+            button->click();
+    }
+}
+
 bool isKnown(const QString &destination)
 {
     const QByteArray name = destination.section(u'/', 0, 0).toLocal8Bit();
@@ -449,6 +459,7 @@ void PrinterPropertiesDialog::tell(const QString &title, const QString &text,
     // The name of a destination is shown as it is.
     box.setTextFormat(Qt::PlainText);
     box.setDetailedText(details);
+    showDetails(box);
     box.exec();
 }
 

@@ -12,6 +12,7 @@
 #include <QRandomGenerator>
 #include <QScopeGuard>
 #include <QTest>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 using namespace PropertiesTest;
@@ -500,7 +501,8 @@ void TestPropertiesApply::serverThatIsGone()
     const auto box = MessageBoxes::boxShownBy([&] {
         QTimer::singleShot(0, dialog.get(), [&] {
             const auto shownBox = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            details = shownBox ? shownBox->detailedText() : QString();
+            const auto list = shownBox ? shownBox->findChild<QTextEdit *>() : nullptr;
+            details = list && list->isVisible() ? list->toPlainText() : QString();
         });
         QTest::mouseClick(applyButton(*dialog), Qt::LeftButton);
     });
