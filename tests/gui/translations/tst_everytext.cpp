@@ -1,3 +1,5 @@
+#include "CupsHandles.h"
+#include "HelpLauncher.h"
 #include "IPPRequest.h"
 #include "PPDNumericView.h"
 #include "PPDTreeView.h"
@@ -30,6 +32,12 @@ private slots:
     void editors();
     void numericEditor();
     void passwordPrompt();
+    void printMessages_data();
+    void printMessages();
+    void conflictMessages();
+    void lostServerMessage();
+    void lostPrinterMessage();
+    void helpMessage();
 };
 
 namespace
@@ -240,6 +248,92 @@ void TestEveryText::passwordPrompt()
     look.start(0);
     IPPRequest::rootPasswordCallback("Password for root on localhost? ");
     QVERIFY(wasAsked);
+}
+
+namespace
+{
+/** The plain texts of the message box that `action` shows, with its title. */
+std::pair<QString, QString> plainTextsOfBox(const std::function<void()> &action)
+{
+    std::pair<QString, QString> result = {u"no box"_s, {}};
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        look.stop();
+        result = {plainTexts(*box), box->windowTitle()};
+        box->button(QMessageBox::Ok)->click();
+    });
+    look.start(0);
+    action();
+    return result;
+}
+
+using Texts = std::pair<QString, QString>;
+
+/** What a box says whose texts are all translated. */
+Texts allTranslated(const QString &title)
+{
+    return {QString(), Mark + title};
+}
+} // namespace
+
+void TestEveryText::printMessages_data()
+{
+    QTest::addColumn<QString>("printer");
+    QTest::addColumn<QString>("title");
+    QTest::newRow("stopped") << u"Stopped"_s << u"Warning!"_s;
+    QTest::newRow("page numbers") << u"Laser"_s << u"Error!"_s;
+}
+
+void TestEveryText::printMessages()
+{
+    QFETCH(QString, printer);
+    QFETCH(QString, title);
+    PrintDialog dialog(printer, PrinterOptions());
+    dialog.show();
+    child<QAbstractButton>(dialog, "SomePagesRadio")->click();
+    child<QLineEdit>(dialog, "PagesEdit")->setText(u"5-3"_s);
+    const auto ok = child<QPushButton>(dialog, "OkButton");
+    QCOMPARE(plainTextsOfBox([ok] { ok->click(); }), allTranslated(title));
+}
+
+void TestEveryText::conflictMessages()
+{
+    const auto dialog = PropertiesTest::open(u"Laser"_s);
+    PropertiesTest::work(*dialog, u"DuplexLongRadio"_s);
+    Texts texts = plainTextsOfBox([&] { PropertiesTest::work(*dialog, u"MediaCombo=Labels"_s); });
+    QCOMPARE(texts, allTranslated(u"Driver configuration"_s));
+    texts = plainTextsOfBox([&] { PropertiesTest::applyButton(*dialog)->click(); });
+    QCOMPARE(texts, allTranslated(u"LPR GUI: Options Conflict"_s));
+}
+
+void TestEveryText::lostServerMessage()
+{
+    const auto dialog = PropertiesTest::open(u"Laser"_s);
+    PropertiesTest::work(*dialog, u"CpiSpinBox=17"_s);
+    const QByteArray server = cupsServer();
+    cupsSetServer("/nowhere/cups.sock");
+    const Texts texts = plainTextsOfBox([&] { PropertiesTest::applyButton(*dialog)->click(); });
+    cupsSetServer(server.constData());
+    QCOMPARE(texts, allTranslated(u"Options Not Saved"_s));
+}
+
+void TestEveryText::lostPrinterMessage()
+{
+    DialogTest::addQueue(u"TestGone"_s);
+    const auto dialog = PropertiesTest::open(u"TestGone"_s);
+    PropertiesTest::work(*dialog, u"CpiSpinBox=17"_s);
+    DialogTest::run("lpadmin", {u"-x"_s, u"TestGone"_s});
+    const Texts texts = plainTextsOfBox([&] { PropertiesTest::applyButton(*dialog)->click(); });
+    QCOMPARE(texts, allTranslated(u"Unknown Printer"_s));
+}
+
+void TestEveryText::helpMessage()
+{
+    const Texts texts = plainTextsOfBox([] { HelpLauncher::show(u"Missing.htm"_s); });
+    QCOMPARE(texts, allTranslated(u"Help"_s));
 }
 
 QTEST_MAIN(TestEveryText)

@@ -9,18 +9,22 @@
 #include "PropertiesTest.h"
 
 #include <QAbstractButton>
+#include <QGlyphRun>
 #include <QInputDialog>
 #include <QKeySequence>
 #include <QStyleFactory>
 #include <QTabBar>
+#include <QTextLayout>
 #include <QTimer>
+
+#include <ranges>
 
 using namespace Qt::StringLiterals;
 using PropertiesTest::child;
 
 /**
  * The windows with the catalogues of each language: no two of what a key reaches have the same key,
- * no text is cut, and the window with all options fits a small screen.
+ * no text is cut or drawn without its signs, and the window with all options fits a small screen.
  */
 class TestTranslatedWindows : public QObject
 {
@@ -30,6 +34,7 @@ private slots:
     void languages();
     void findsCollisions();
     void findsCutTexts();
+    void findsMissingSigns();
     void printDialog_data();
     void printDialog();
     void propertiesDialog_data() { addLanguages(); }
@@ -142,6 +147,48 @@ QString cutTexts(const QWidget &window)
     return found.join(u"; "_s);
 }
 
+/** Whether no font has a sign of the text: a box is drawn in its place, and measured. */
+bool lacksSigns(const QString &text, const QFont &font)
+{
+    QTextLayout layout(text.simplified(), font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    return std::ranges::any_of(layout.glyphRuns(),
+                               [](const QGlyphRun &run) { return run.glyphIndexes().contains(0); });
+}
+
+/** The texts of a widget, with those of its list or its tabs. */
+QStringList textsOf(const QWidget *widget)
+{
+    QStringList result = {shownBy(widget)};
+    if (const auto combo = qobject_cast<const QComboBox *>(widget)) {
+        for (int i = 0; i < combo->count(); ++i)
+            result.append(combo->itemText(i));
+    } else if (const auto bar = qobject_cast<const QTabBar *>(widget)) {
+        for (int i = 0; i < bar->count(); ++i)
+            result.append(bar->tabText(i));
+    }
+    return result;
+}
+
+/** The texts in sight that no font has all signs of. */
+QString textsWithoutSigns(const QWidget &window)
+{
+    QStringList found;
+    const QList<QWidget *> all = window.findChildren<QWidget *>();
+    for (const QWidget *widget : all) {
+        if (!widget->isVisible())
+            continue;
+        const QStringList texts = textsOf(widget);
+        for (const QString &text : texts) {
+            if (lacksSigns(text, widget->font()))
+                found.append(text);
+        }
+    }
+    return found.join(u"; "_s);
+}
+
 /** A screen of 1024 by 768 with a title bar and a panel on it. */
 bool fitsASmallScreen(const QWidget &window)
 {
@@ -151,6 +198,7 @@ bool fitsASmallScreen(const QWidget &window)
 void verify(const QWidget &window)
 {
     QCOMPARE(collisions(window), QString());
+    QCOMPARE(textsWithoutSigns(window), QString());
     QTRY_COMPARE(cutTexts(window), QString());
     QVERIFY2(fitsASmallScreen(window),
              qPrintable(u"%1x%2"_s.arg(window.width()).arg(window.height())));
@@ -235,6 +283,24 @@ void TestTranslatedWindows::findsCutTexts()
     QCOMPARE(cutTexts(window), QString());
     button.resize(button.sizeHint().width() - 1, button.height());
     QVERIFY(cutTexts(window).contains("A button"_L1));
+}
+
+void TestTranslatedWindows::findsMissingSigns()
+{
+    QWidget window;
+    QPushButton button(u"Drücken нажать اضغط 按 押す 눌러"_s, &window);
+    QComboBox box(&window);
+    window.show();
+    QCOMPARE(textsWithoutSigns(window), QString());
+    // No font has a sign for a code point that is none.
+    const QString nothing(QChar(0xfdd0));
+    box.addItem(nothing);
+    QCOMPARE(textsWithoutSigns(window), nothing);
+    button.setText(u"Press "_s + nothing);
+    QCOMPARE(textsWithoutSigns(window), u"Press "_s + nothing + u"; "_s + nothing);
+    box.hide();
+    button.hide();
+    QCOMPARE(textsWithoutSigns(window), QString());
 }
 
 void TestTranslatedWindows::printDialog_data()
