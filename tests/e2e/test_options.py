@@ -139,3 +139,18 @@ class Given(DialogCase):
         file = self.file()
         result = self.accepted("-P", "Plain", "-o", "note=1", "-#", "7", file)
         self.assertEqual(result.arguments, expected.arguments("Plain") + [file])
+
+    def copies(self, *words):
+        """What the dialog shows and what the client is told."""
+        shown = []
+        result = self.accepted(*words, self.file(),
+                               work=lambda dialog: shown.append(dialog.copies.value))
+        at = result.arguments.index("-#")
+        return shown[0], result.arguments[at + 1]
+
+    def test_copies_give_way_to_those_that_the_server_names(self):
+        # None are saved: it is the server's one copy.
+        self.assertEqual(self.copies("-P", "Plain", "-#", "7"), (1, "1"))
+
+    def test_copies_stay_where_nothing_is_known_of_the_destination(self):
+        self.assertEqual(self.copies("-P", "Nowhere", "-#", "7"), (1, "7"))
