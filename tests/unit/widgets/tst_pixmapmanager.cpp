@@ -404,6 +404,7 @@ void TestPixmapManager::mutatedIndex()
     QVERIFY(found < 380);
 }
 
+/** That it is quick enough is for the benchmarks to find: here other programs run beside it. */
 void TestPixmapManager::manySections()
 {
     write(u"pictures.ini"_s, indexText(5000).toUtf8() + "[Printer_]\nBigPicture=c.png\n"
