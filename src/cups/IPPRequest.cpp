@@ -180,6 +180,26 @@ constexpr std::array StatusTexts = {
     StatusText{0x0507, "IPP_PRINTER_BUSY - Printer busy"},
 };
 
+/** A server that has many drivers takes many seconds to list them. */
+ServerConnection::Question questionOf(ipp_t *request)
+{
+    return ippGetOperation(request) == IPP_OP_CUPS_GET_PPDS ? ServerConnection::Question::SlowList
+                                                            : ServerConnection::Question::Usual;
+}
+
+/** Posts the request, with the file unless its name is empty, and frees it. */
+ipp_t *post(http_t *http, ipp_t *request, const char *resource, const QString &fileName)
+{
+    QFile file(fileName);
+    if (fileName.isEmpty())
+        return cupsDoRequest(http, request, resource);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        // The library says why, in its own way.
+        return cupsDoFileRequest(http, request, resource, QFile::encodeName(fileName).constData());
+    const ServerConnection::Upload upload(http, file.handle());
+    return cupsDoIORequest(http, request, resource, file.handle(), -1);
+}
+
 const char *emptyForNull(const char *text)
 {
     return text ? text : "";
@@ -216,15 +236,13 @@ bool IPPRequest::send(const char *resource)
     const QByteArray target = resource ? QByteArray(resource) : WireText::toWire(m_resource);
     if (target.isEmpty())
         return false;
-    m_http = ServerConnection::open().release();
+    m_http = ServerConnection::open(questionOf(m_request)).release();
     if (!m_http)
         return false;
 
     logLine("Requesting operation 0x%x...", static_cast<unsigned>(ippGetOperation(m_request)));
     dumpAttributes(m_request);
-    const QByteArray file = QFile::encodeName(m_fileName);
-    m_response = cupsDoFileRequest(m_http, std::exchange(m_request, nullptr), target.constData(),
-                                   file.isEmpty() ? nullptr : file.constData());
+    m_response = post(m_http, std::exchange(m_request, nullptr), target.constData(), m_fileName);
     dumpAttributes(m_response);
     if (!m_response) {
         logLine("Requesting failed!\n");

@@ -49,9 +49,12 @@ struct SharedTime {
 };
 thread_local SharedTime sharedTime;
 
-Clock::time_point freshDeadline()
+Clock::time_point
+freshDeadline(ServerConnection::Question question = ServerConnection::Question::Usual)
 {
-    return Clock::now() + std::chrono::milliseconds(ServerConnection::limits().totalMs);
+    const ServerConnection::Limits &limits = ServerConnection::limits();
+    const bool isSlow = question == ServerConnection::Question::SlowList;
+    return Clock::now() + std::chrono::milliseconds(isSlow ? limits.slowListMs() : limits.totalMs);
 }
 
 /** Overwrites what follows `mark` in the memory, up to the end of that text or line. */
@@ -101,10 +104,10 @@ Limits &limits()
     return inForce;
 }
 
-Ptr open()
+Ptr open(Question question)
 {
     const Clock::time_point deadline =
-        sharedTime.isInForce() ? sharedTime.deadline : freshDeadline();
+        sharedTime.isInForce() ? sharedTime.deadline : freshDeadline(question);
     if (isOver(deadline))
         return nullptr;
     Ptr http = create();
@@ -133,6 +136,17 @@ bool isTimeOver(http_t *http)
 unsigned openings()
 {
     return openingCount;
+}
+
+Upload::Upload(http_t *http, int file)
+    : m_http(http)
+{
+    Watchdog::instance().follow(m_http, file, std::chrono::milliseconds(limits().totalMs));
+}
+
+Upload::~Upload()
+{
+    Watchdog::instance().follow(m_http, -1, {});
 }
 
 UserTime::UserTime(http_t *http)

@@ -7,12 +7,16 @@ namespace ServerConnection
 /**
  * How long the program waits for the server. Once a connection is `totalMs` old, everything on it
  * ends: a wait for a silent server after at most `waitSeconds`, an exchange with a server that goes
- * on sending (a byte now and then, or one redirection after the other) at once.
+ * on sending (a byte now and then, or one redirection after the other) at once. While a document is
+ * sent, the time counts from the last progress.
  */
 struct Limits {
     int connectMs = 5000;
     double waitSeconds = 3.0;
     int totalMs = 15000;
+
+    /** In place of `totalMs` for lists that take a sound server many seconds. */
+    int slowListMs() const { return totalMs * 5 / 3; }
 };
 
 /** The limits in force; tests shorten them. */
@@ -27,16 +31,35 @@ struct Closer {
 /** Owns a connection that `open` has opened. */
 using Ptr = std::unique_ptr<http_t, Closer>;
 
+/** What is going to be asked on a connection. */
+enum class Question { Usual, SlowList };
+
 /**
  * A connection to the server that the library is configured for (cupsServer(), ippPort()) on which
  * nothing is endless: what is asked of a server that does not answer, or whose answer does not come
  * to its end, fails within 30 seconds, all requests on the connection taken together. Null when the
  * connection cannot be opened.
  */
-Ptr open();
+Ptr open(Question question = Question::Usual);
 
 /** Whether the time of this connection is over: what came from it last may not be whole. */
 bool isTimeOver(http_t *http);
+
+/**
+ * While it lives, `file`, an open file, is being sent on `http`: as long as that makes progress,
+ * the connection's time is not over.
+ */
+class Upload
+{
+public:
+    Upload(http_t *http, int file);
+    ~Upload();
+    Upload(const Upload &) = delete;
+    Upload &operator=(const Upload &) = delete;
+
+private:
+    http_t *m_http;
+};
 
 /**
  * While it lives, all connections that this thread opens have one time limit together, as if they

@@ -17,6 +17,9 @@ using namespace std::chrono_literals;
 /** How soon a connection that is still in use after its end is looked at again. */
 constexpr auto Pause = 20ms;
 
+/** How often a file that is being sent is looked at in the time that it may stand still. */
+constexpr int LooksAtFile = 15;
+
 /** While it lives, this thread and those that it starts take no signals. */
 class SignalsElsewhere
 {
@@ -92,35 +95,66 @@ Watchdog::Watchdog()
     }
 }
 
+void Watchdog::Watched::noticeProgress(Clock::time_point now)
+{
+    const off_t position = file >= 0 ? lseek(file, 0, SEEK_CUR) : 0;
+    if (position <= furthest)
+        return;
+    furthest = position;
+    deadline = std::max(deadline, now + patience);
+}
+
+Watchdog::Clock::time_point Watchdog::Watched::nextLook(Clock::time_point now) const
+{
+    return file >= 0 ? std::min(deadline, now + patience / LooksAtFile) : deadline;
+}
+
 void Watchdog::watch(http_t *http, Clock::time_point deadline)
 {
     const std::scoped_lock lock(m_mutex);
-    m_deadlines[http] = deadline;
+    m_watched[http] = {deadline};
     m_isChanged.notify_one();
 }
 
 bool Watchdog::postpone(http_t *http, Clock::time_point deadline)
 {
     const std::scoped_lock lock(m_mutex);
-    const auto watched = m_deadlines.find(http);
-    if (watched == m_deadlines.end())
+    const auto watched = m_watched.find(http);
+    if (watched == m_watched.end())
         return false;
-    watched->second = deadline;
+    watched->second.deadline = deadline;
+    // The server may want the file once more from its start.
+    watched->second.furthest = 0;
     m_isChanged.notify_one();
     return true;
+}
+
+void Watchdog::follow(http_t *http, int file, Clock::duration patience)
+{
+    const std::scoped_lock lock(m_mutex);
+    const auto watched = m_watched.find(http);
+    if (watched == m_watched.end())
+        return;
+    watched->second.file = file;
+    watched->second.furthest = 0;
+    watched->second.patience = patience;
+    m_isChanged.notify_one();
 }
 
 void Watchdog::forget(http_t *http)
 {
     const std::scoped_lock lock(m_mutex);
-    m_deadlines.erase(http);
+    m_watched.erase(http);
 }
 
 Watchdog::Clock::time_point Watchdog::deadline(http_t *http)
 {
     const std::scoped_lock lock(m_mutex);
-    const auto watched = m_deadlines.find(http);
-    return watched == m_deadlines.end() ? Clock::time_point::max() : watched->second;
+    const auto watched = m_watched.find(http);
+    if (watched == m_watched.end())
+        return Clock::time_point::max();
+    watched->second.noticeProgress(Clock::now());
+    return watched->second.deadline;
 }
 
 void Watchdog::run()
@@ -139,10 +173,11 @@ Watchdog::Clock::time_point Watchdog::endOverdue()
 {
     const Clock::time_point now = Clock::now();
     Clock::time_point next = Clock::time_point::max();
-    for (const auto &[http, deadline] : m_deadlines) {
-        if (deadline <= now)
+    for (auto &[http, watched] : m_watched) {
+        watched.noticeProgress(now);
+        if (watched.deadline <= now)
             endExchange(http);
-        next = std::min(next, std::max(deadline, now + Pause));
+        next = std::min(next, std::max(watched.nextLook(now), now + Pause));
     }
     return next;
 }

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <sys/types.h>
 
 /**
  * Ends what the library does on a connection whose time is over, whatever the server sends: a
@@ -24,12 +25,28 @@ public:
     void watch(http_t *http, Clock::time_point deadline);
     /** Gives a connection that is being watched another deadline; false where it is not. */
     bool postpone(http_t *http, Clock::time_point deadline);
+    /**
+     * While `file` is being sent on a connection that is being watched: its deadline is not before
+     * `patience` after the last time that more of the file than ever had been read. Going back in
+     * the file and reading it again is no progress. A negative `file` ends this.
+     */
+    void follow(http_t *http, int file, Clock::duration patience);
     /** Must be called before `http` is closed. */
     void forget(http_t *http);
     /** The deadline of a connection; the end of time where it is not watched. */
     Clock::time_point deadline(http_t *http);
 
 private:
+    struct Watched {
+        Clock::time_point deadline;
+        int file = -1;
+        off_t furthest = 0;
+        Clock::duration patience = {};
+
+        void noticeProgress(Clock::time_point now);
+        Clock::time_point nextLook(Clock::time_point now) const;
+    };
+
     Watchdog();
     [[noreturn]] void run();
     /** Shuts down what is overdue; returns when to look again. */
@@ -37,5 +54,5 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_isChanged;
-    std::map<http_t *, Clock::time_point> m_deadlines;
+    std::map<http_t *, Watched> m_watched;
 };

@@ -17,13 +17,35 @@ namespace
 constexpr char LineEnd[] = "\r\n";
 constexpr char HeadEnd[] = "\r\n\r\n";
 
+/** How this thread reads its connection. */
+struct Reading {
+    int pauseMs = 0;
+    qsizetype rest = 0;
+};
+thread_local Reading reading;
+
+/** Waits until the other side has gone, or this one is to end. */
+void waitForEnd(int connection)
+{
+    constexpr int Endless = -1;
+    pollfd end = {connection, POLLRDHUP, 0};
+    poll(&end, 1, Endless);
+}
+
 bool readMore(int connection, QByteArray &buffered)
 {
+    if (reading.pauseMs > 0)
+        poll(nullptr, 0, reading.pauseMs);
+    if (reading.rest <= 0) {
+        waitForEnd(connection);
+        return false;
+    }
     char part[65536];
     const ssize_t count = recv(connection, part, sizeof part, 0);
     if (count <= 0)
         return false;
     buffered.append(part, count);
+    reading.rest -= count;
     return true;
 }
 
@@ -186,6 +208,18 @@ void FakeIppServer::setHandler(Handler handler)
     m_handler = std::move(handler);
 }
 
+void FakeIppServer::setPauseBeforeReading(int milliseconds)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_readingPauseMs = milliseconds;
+}
+
+void FakeIppServer::stopReadingAfter(qsizetype bytes)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_readingLimit = bytes;
+}
+
 qsizetype FakeIppServer::requestCount()
 {
     const std::scoped_lock lock(m_mutex);
@@ -227,6 +261,10 @@ void FakeIppServer::joinDone()
 
 void FakeIppServer::serve(int connection, Worker &worker)
 {
+    {
+        const std::scoped_lock lock(m_mutex);
+        reading = {m_readingPauseMs, m_readingLimit};
+    }
     Request request;
     QByteArray buffered;
     while (readRequest(connection, request, buffered) && answer(connection, request))

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <functional>
+#include <limits>
 #include <list>
 #include <mutex>
 #include <set>
@@ -65,6 +66,11 @@ public:
     void use() const;
 
     void setHandler(Handler handler);
+    /** From now on, a pause before each piece, of 64 KiB at most, that is read of a new connection.
+     */
+    void setPauseBeforeReading(int milliseconds);
+    /** From now on, nothing more is read of a new connection after so many bytes. */
+    void stopReadingAfter(qsizetype bytes);
     /** How many requests `takeRequests` would give. */
     qsizetype requestCount();
     /** What has arrived since the last call. */
@@ -87,6 +93,8 @@ private:
     int m_listener = -1;
     std::mutex m_mutex;
     Handler m_handler;
+    int m_readingPauseMs = 0;
+    qsizetype m_readingLimit = std::numeric_limits<qsizetype>::max();
     QList<Request> m_requests;
     std::set<int> m_connections;
     bool m_isEnding = false;

@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <thread>
@@ -50,6 +51,9 @@ private slots:
     void optionsOfAServerThatNeverEnds_data();
     void optionsOfAServerThatNeverEnds();
     void serverThatTakesNoDocument();
+    void steadyUploadIsNotCut();
+    void uploadThatComesToAHaltIsCut();
+    void driversMayTakeLonger();
     void serverThatAcceptsNobody();
     void slowAnswerIsAwaited();
     void timeForThePasswordIsNotCounted();
@@ -92,6 +96,9 @@ void TestLimits::defaults()
     const ServerConnection::Limits limits;
     // The last wait may begin just before the time is over, and there may be one to connect.
     QVERIFY(limits.totalMs + 1000.0 * limits.waitSeconds + limits.connectMs < 30'000);
+    // The drivers have a connection to themselves, whose time to connect is counted.
+    QVERIFY(limits.slowListMs() + 1000.0 * limits.waitSeconds < 30'000);
+    QVERIFY(limits.slowListMs() > 20'000);
 }
 
 namespace
@@ -121,6 +128,7 @@ std::vector<std::pair<const char *, Call>> everyCall()
         QCOMPARE(_CUPS->getJobs(out, nullptr, false), 0);
     });
     row("cancelJob", [] { QVERIFY(!_CUPS->cancelJob("Laser", 1)); });
+    row("getPPDs", [] { QVERIFY(_CUPS->getPPDs(nullptr).isEmpty()); });
     row("setPrinterPPD",
         [] { QVERIFY(!_CUPS->setPrinterPPD("u", QCoreApplication::applicationFilePath())); });
     return calls;
@@ -391,6 +399,62 @@ void TestLimits::serverThatTakesNoDocument()
     timer.start();
     QVERIFY(!_CUPS->setPrinterPPD("u", document.fileName()));
     QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
+}
+
+namespace
+{
+constexpr qsizetype DocumentSize = 4'000'000;
+
+/** Sends a long document with a short limit; returns how long that took, nothing if it failed. */
+std::optional<qint64> upload()
+{
+    const ShortLimits limits;
+    const QTemporaryDir folder;
+    QFile document(folder.filePath(QStringLiteral("document")));
+    if (!document.open(QIODevice::WriteOnly) || !document.resize(DocumentSize))
+        return std::nullopt;
+    CUPSPrinter printer;
+    printer.attributes.name = QStringLiteral("Laser");
+    printer.attributes.uris = {QStringLiteral("ipp://localhost/printers/Laser")};
+    QElapsedTimer timer;
+    timer.start();
+    const bool isPrinted = _CUPS->printFile(printer, {{}, {}, document.fileName()});
+    return isPrinted ? std::optional<qint64>(timer.elapsed()) : std::nullopt;
+}
+} // namespace
+
+void TestLimits::steadyUploadIsNotCut()
+{
+    m_server->setPauseBeforeReading(EndlessMs / 10);
+    const auto elapsed = upload();
+    QVERIFY(elapsed);
+    QVERIFY2(*elapsed > 3 * EndlessMs, qPrintable(QString::number(*elapsed)));
+    const auto requests = m_server->takeRequests();
+    QCOMPARE(requests.size(), 1);
+    QCOMPARE(requests.constFirst().document.size(), DocumentSize);
+}
+
+void TestLimits::uploadThatComesToAHaltIsCut()
+{
+    m_server->setPauseBeforeReading(EndlessMs / 10);
+    m_server->stopReadingAfter(DocumentSize / 2);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!upload());
+    QVERIFY2(timer.elapsed() < MuchLongerMs, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(m_server->requestCount(), 0);
+}
+
+void TestLimits::driversMayTakeLonger()
+{
+    const ShortLimits limits;
+    const int pauseMs = (EndlessMs + ServerConnection::limits().slowListMs()) / 2;
+    m_server->setHandler([pauseMs](const auto &) {
+        usleep(static_cast<useconds_t>(pauseMs) * 1000);
+        return FakeIppServer::ok(IppBytes::response().group(4).name("ppd-name", "laser.ppd"));
+    });
+    QCOMPARE(_CUPS->getPPDs(nullptr).size(), 1);
+    QVERIFY(!IPPRequest(0x4002).send("/"));
 }
 
 void TestLimits::serverThatAcceptsNobody()
