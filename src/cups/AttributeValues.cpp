@@ -24,6 +24,11 @@ std::optional<std::string_view> octets(ipp_attribute_t *attribute, int index)
     // Text ends at a zero byte, here as everywhere.
     return std::string_view(data, strnlen(data, static_cast<size_t>(length)));
 }
+
+QString toText(std::string_view bytes)
+{
+    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
 } // namespace
 
 namespace AttributeValues
@@ -44,19 +49,12 @@ bool isNamed(ipp_attribute_t *attribute, const char *name)
     return actual && std::strcmp(actual, name) == 0;
 }
 
-QString text(ipp_attribute_t *attribute, int index)
-{
-    const auto value = bytes(attribute, index);
-    return value ? QString::fromUtf8(value->data(), static_cast<qsizetype>(value->size()))
-                 : QString();
-}
-
 QStringList texts(ipp_attribute_t *attribute)
 {
     QStringList all;
     for (int i = 0; i < ippGetCount(attribute); ++i) {
-        if (bytes(attribute, i))
-            all.append(text(attribute, i));
+        if (const auto value = bytes(attribute, i))
+            all.append(toText(*value));
     }
     return all;
 }
@@ -78,10 +76,11 @@ QList<int> integers(ipp_attribute_t *attribute)
     return all;
 }
 
-bool boolean(ipp_attribute_t *attribute)
+std::optional<bool> boolean(ipp_attribute_t *attribute)
 {
-    return ippGetValueTag(attribute) == IPP_TAG_BOOLEAN && ippGetCount(attribute) > 0 &&
-           ippGetBoolean(attribute, 0) != 0;
+    if (ippGetValueTag(attribute) != IPP_TAG_BOOLEAN || ippGetCount(attribute) < 1)
+        return std::nullopt;
+    return ippGetBoolean(attribute, 0) != 0;
 }
 
 std::optional<Range> range(ipp_attribute_t *attribute)
@@ -91,5 +90,21 @@ std::optional<Range> range(ipp_attribute_t *attribute)
     Range found;
     found.lower = ippGetRange(attribute, 0, &found.upper);
     return found;
+}
+
+void take(QString &field, ipp_attribute_t *attribute, int index)
+{
+    if (const auto value = bytes(attribute, index))
+        field = toText(*value);
+}
+
+void take(int &field, ipp_attribute_t *attribute)
+{
+    field = integer(attribute).value_or(field);
+}
+
+void take(bool &field, ipp_attribute_t *attribute)
+{
+    field = boolean(attribute).value_or(field);
 }
 } // namespace AttributeValues

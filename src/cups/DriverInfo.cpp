@@ -11,11 +11,11 @@ void DriverInfo::readAttribute(ipp_attribute_t *attribute)
     if (ippGetGroupTag(attribute) != IPP_TAG_PRINTER)
         return;
     if (isNamed(attribute, "ppd-name"))
-        driverFile = text(attribute);
+        take(driverFile, attribute);
     else if (isNamed(attribute, "ppd-make"))
-        make = text(attribute);
+        take(make, attribute);
     else if (isNamed(attribute, "ppd-make-and-model"))
-        model = text(attribute);
+        take(model, attribute);
     else if (isNamed(attribute, "ppd-natural-language"))
-        language = text(attribute);
+        take(language, attribute);
 }

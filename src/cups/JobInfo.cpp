@@ -13,11 +13,6 @@ namespace
 {
 using namespace AttributeValues;
 
-void setInteger(int &field, ipp_attribute_t *attribute)
-{
-    field = integer(attribute).value_or(field);
-}
-
 struct Field {
     const char *attribute;
     void (*read)(JobInfo &info, ipp_attribute_t *attribute);
@@ -25,14 +20,14 @@ struct Field {
 
 /** The attributes that are read, in the order in which a name is looked up. */
 constexpr std::array Fields = {
-    Field{"job-id", [](auto &info, auto *a) { setInteger(info.jobId, a); }},
-    Field{"job-name", [](auto &info, auto *a) { info.name = text(a); }},
-    Field{"job-printer-uri", [](auto &info, auto *a) { info.printer = text(a); }},
-    Field{"job-originating-user-name", [](auto &info, auto *a) { info.user = text(a); }},
-    Field{"job-uri", [](auto &info, auto *a) { info.uri = text(a); }},
-    Field{"job-k-octets", [](auto &info, auto *a) { setInteger(info.kOctets, a); }},
-    Field{"time-at-creation", [](auto &info, auto *a) { setInteger(info.timeAtCreation, a); }},
-    Field{"job-state", [](auto &info, auto *a) { setInteger(info.state, a); }},
+    Field{"job-id", [](auto &info, auto *a) { take(info.jobId, a); }},
+    Field{"job-name", [](auto &info, auto *a) { take(info.name, a); }},
+    Field{"job-printer-uri", [](auto &info, auto *a) { take(info.printer, a); }},
+    Field{"job-originating-user-name", [](auto &info, auto *a) { take(info.user, a); }},
+    Field{"job-uri", [](auto &info, auto *a) { take(info.uri, a); }},
+    Field{"job-k-octets", [](auto &info, auto *a) { take(info.kOctets, a); }},
+    Field{"time-at-creation", [](auto &info, auto *a) { take(info.timeAtCreation, a); }},
+    Field{"job-state", [](auto &info, auto *a) { take(info.state, a); }},
 };
 } // namespace
 

@@ -10,11 +10,6 @@ namespace
 {
 using namespace AttributeValues;
 
-void setInteger(int &field, ipp_attribute_t *attribute)
-{
-    field = integer(attribute).value_or(field);
-}
-
 void readUris(PrinterInfo &info, ipp_attribute_t *attribute)
 {
     const QStringList uris = texts(attribute);
@@ -26,11 +21,8 @@ void readUris(PrinterInfo &info, ipp_attribute_t *attribute)
 
 void readJobSheets(PrinterInfo &info, ipp_attribute_t *attribute)
 {
-    const int count = ippGetCount(attribute);
-    if (count >= 1)
-        info.jobSheetsStart = text(attribute, 0);
-    if (count >= 2)
-        info.jobSheetsEnd = text(attribute, 1);
+    take(info.jobSheetsStart, attribute, 0);
+    take(info.jobSheetsEnd, attribute, 1);
 }
 
 void readCopies(PrinterInfo &info, ipp_attribute_t *attribute)
@@ -48,31 +40,29 @@ struct Field {
 
 /** The attributes that are read, in the order in which a name is looked up. */
 constexpr std::array Fields = {
-    Field{"printer-name", [](auto &info, auto *a) { info.name = text(a); }},
-    Field{"printer-location", [](auto &info, auto *a) { info.location = text(a); }},
-    Field{"printer-info", [](auto &info, auto *a) { info.description = text(a); }},
-    Field{"printer-make-and-model", [](auto &info, auto *a) { info.modelInfo = text(a); }},
-    Field{"printer-state", [](auto &info, auto *a) { setInteger(info.state, a); }},
-    Field{"printer-state-message", [](auto &info, auto *a) { info.stateMessage = text(a); }},
-    Field{"device-uri", [](auto &info, auto *a) { info.localUri = text(a); }},
-    Field{"color-supported", [](auto &info, auto *a) { info.colorSupported = boolean(a); }},
+    Field{"printer-name", [](auto &info, auto *a) { take(info.name, a); }},
+    Field{"printer-location", [](auto &info, auto *a) { take(info.location, a); }},
+    Field{"printer-info", [](auto &info, auto *a) { take(info.description, a); }},
+    Field{"printer-make-and-model", [](auto &info, auto *a) { take(info.modelInfo, a); }},
+    Field{"printer-state", [](auto &info, auto *a) { take(info.state, a); }},
+    Field{"printer-state-message", [](auto &info, auto *a) { take(info.stateMessage, a); }},
+    Field{"device-uri", [](auto &info, auto *a) { take(info.localUri, a); }},
+    Field{"color-supported", [](auto &info, auto *a) { take(info.colorSupported, a); }},
     Field{"media-supported", [](auto &info, auto *a) { info.mediaSupported += texts(a); }},
-    Field{"media-default", [](auto &info, auto *a) { info.mediaDefault = text(a); }},
+    Field{"media-default", [](auto &info, auto *a) { take(info.mediaDefault, a); }},
     Field{"job-sheets-supported", [](auto &info, auto *a) { info.jobSheetsSupported += texts(a); }},
     Field{"job-sheets-default", readJobSheets},
-    Field{"printer-type", [](auto &info, auto *a) { setInteger(info.printerType, a); }},
-    Field{"printer-is-accepting-jobs",
-          [](auto &info, auto *a) { info.acceptingJobs = boolean(a); }},
-    Field{"printer-uri", [](auto &info, auto *a) { info.uri = text(a); }},
+    Field{"printer-type", [](auto &info, auto *a) { take(info.printerType, a); }},
+    Field{"printer-is-accepting-jobs", [](auto &info, auto *a) { take(info.acceptingJobs, a); }},
+    Field{"printer-uri", [](auto &info, auto *a) { take(info.uri, a); }},
     Field{"printer-uri-supported", readUris},
     Field{"copies-supported", readCopies},
-    Field{"copies-default", [](auto &info, auto *a) { setInteger(info.copiesDefault, a); }},
-    Field{"page-ranges-supported",
-          [](auto &info, auto *a) { info.pageRangesSupported = boolean(a); }},
+    Field{"copies-default", [](auto &info, auto *a) { take(info.copiesDefault, a); }},
+    Field{"page-ranges-supported", [](auto &info, auto *a) { take(info.pageRangesSupported, a); }},
     Field{"orientation-requested-supported",
           [](auto &info, auto *a) { info.orientationsSupported += integers(a); }},
     Field{"orientation-requested-default",
-          [](auto &info, auto *a) { setInteger(info.orientationDefault, a); }},
+          [](auto &info, auto *a) { take(info.orientationDefault, a); }},
 };
 } // namespace
 

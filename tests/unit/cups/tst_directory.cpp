@@ -97,12 +97,15 @@ private slots:
     void noValueKeepsTheDefault();
     void wrongTypesAreNoValues_data();
     void wrongTypesAreNoValues();
+    void wrongTypesKeepWhatWasRead_data();
+    void wrongTypesKeepWhatWasRead();
     void classField_data();
     void classField();
     void driverField_data();
     void driverField();
     void jobField_data();
     void jobField();
+    void jobFromTheLibrary_data();
     void jobFromTheLibrary();
     void printerFromItsRecord();
 
@@ -363,6 +366,58 @@ void TestDirectory::wrongTypesAreNoValues()
     QCOMPARE(described(info), QString::fromLatin1(Defaults));
 }
 
+namespace
+{
+/** A response in which every attribute that is read has a value that is no default. */
+IppBytes wholePrinter()
+{
+    IppBytes bytes = printerResponse();
+    for (const char *name :
+         {"printer-name", "printer-location", "printer-info", "printer-make-and-model",
+          "printer-state-message", "device-uri", "media-supported", "media-default",
+          "job-sheets-supported", "printer-uri-supported", "printer-uri"})
+        bytes.text(name, name);
+    bytes.keywords("job-sheets-default", {"start", "end"});
+    for (const char *name : {"printer-state", "printer-type", "copies-default",
+                             "orientation-requested-supported", "orientation-requested-default"})
+        bytes.integer(0x23, name, 5);
+    for (const char *name :
+         {"color-supported", "printer-is-accepting-jobs", "page-ranges-supported"})
+        bytes.boolean(name, 1);
+    return bytes.range("copies-supported", 2, 99);
+}
+
+/** A value of a type that none of the attributes has. */
+QByteArray resolution()
+{
+    return IppBytes::number32(1).repeated(2) + '\3';
+}
+} // namespace
+
+void TestDirectory::wrongTypesKeepWhatWasRead_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    const QStringList known = described(readFrom<PrinterInfo>(wholePrinter())).split(u'|');
+    const QStringList defaults = QString::fromLatin1(Defaults).split(u'|');
+    qsizetype same = 0;
+    for (qsizetype i = 0; i < known.size(); ++i)
+        same += known.at(i) == defaults.at(i);
+    // All but the four fields that no attribute fills.
+    QCOMPARE(same, 4);
+    for (const char *name : PrinterInfo::attributeNames())
+        QTest::addRow("%s", name) << QByteArray(name);
+}
+
+void TestDirectory::wrongTypesKeepWhatWasRead()
+{
+    QFETCH(QByteArray, name);
+    const QString known = described(readFrom<PrinterInfo>(wholePrinter()));
+    for (const int tag : {0x10, 0x12, 0x13, 0x16})
+        QCOMPARE(described(readFrom<PrinterInfo>(wholePrinter().attribute(tag, name, ""))), known);
+    QCOMPARE(described(readFrom<PrinterInfo>(wholePrinter().attribute(0x32, name, resolution()))),
+             known);
+}
+
 void TestDirectory::classField_data()
 {
     QTest::addColumn<QByteArray>("message");
@@ -455,21 +510,41 @@ void TestDirectory::jobField()
     QTEST(described(readFrom<JobInfo>(message)), "record");
 }
 
+void TestDirectory::jobFromTheLibrary_data()
+{
+    QTest::addColumn<QByteArray>("destination");
+    QTest::addColumn<QString>("name");
+    const auto row = [](const char *title, const char *destination, const char *name) {
+        QTest::addRow("%s", title) << QByteArray(destination) << QString::fromUtf8(name);
+    };
+    row("plain", "Laser", "Laser");
+    row("letter", "B%C3%BCro", "B\u00fcro");
+    row("small digits", "B%c3%bcro", "B\u00fcro");
+    row("blank", "a%20b", "a b");
+    row("sign", "100%25", "100%");
+    row("encoded once", "a%2520b", "a%20b");
+    row("unfinished", "a%2", "a%2");
+}
+
 void TestDirectory::jobFromTheLibrary()
 {
-    QByteArray dest = "Laser";
+    QFETCH(QByteArray, destination);
+    QFETCH(QString, name);
     QByteArray title = "My job";
     QByteArray user = "me";
     cups_job_t job = {};
     job.id = 5;
-    job.dest = dest.data();
+    job.dest = destination.data();
     job.title = title.data();
     job.user = user.data();
     job.size = 12;
     job.creation_time = 1000;
     job.completed_time = 2000;
     job.state = IPP_JSTATE_HELD;
-    QCOMPARE(described(JobInfo(job)), QStringLiteral("5|My job|Laser|me||12|1000|4"));
+    const JobInfo info(job);
+    QCOMPARE(info.printer, name);
+    job.dest = nullptr;
+    QCOMPARE(described(JobInfo(job)), QStringLiteral("5|My job||me||12|1000|4"));
 }
 
 void TestDirectory::printerFromItsRecord()
@@ -939,32 +1014,49 @@ void TestDirectory::brokenMessages()
                                  .attribute(0x34, "media-col", "")
                                  .attribute(0x37, "", "")
                                  .attribute(0x31, "when", QByteArray(11, '\1'));
+    struct Read {
+        QString printer;
+        QString others;
+        QByteArray dump;
+        bool operator==(const Read &) const = default;
+    };
     const auto readAll = [](const QByteArray &bytes) {
         const Cups::IppPtr message = parseBrokenIpp(bytes);
         PrinterInfo printer;
         ClassInfo cls;
         DriverInfo driver;
         JobInfo job;
-        int count = 0;
         for (ipp_attribute_t *attribute = ippFirstAttribute(message.get()); attribute;
              attribute = ippNextAttribute(message.get())) {
             printer.readAttribute(attribute);
             cls.readAttribute(attribute);
             driver.readAttribute(attribute);
             job.readAttribute(attribute);
-            ++count;
         }
-        return count + static_cast<int>(qstrlen(IPPRequest::dumpAttributes(message.get())));
+        return Read{described(printer),
+                    QStringList{described(cls), described(job), driver.driverFile}.join(u'|'),
+                    IPPRequest::dumpAttributes(message.get())};
     };
-    for (qsizetype size = 0; size < whole.size(); ++size)
-        QVERIFY(readAll(whole.left(size)) > 0);
+    const QStringList defaults = QString::fromLatin1(Defaults).split(u'|');
+    const QStringList complete = readAll(whole + '\3').printer.split(u'|');
+    QVERIFY(complete != defaults);
+    for (qsizetype size = 0; size <= whole.size(); ++size) {
+        // What is there so far is what is there at the end, or nothing.
+        const QStringList found = readAll(whole.left(size)).printer.split(u'|');
+        QCOMPARE(found.size(), complete.size());
+        for (qsizetype field = 0; field < found.size(); ++field)
+            QVERIFY2(found.at(field) == defaults.at(field) ||
+                         complete.at(field).startsWith(found.at(field)),
+                     qPrintable(QStringLiteral("%1: %2").arg(size).arg(found.at(field))));
+    }
     std::mt19937 random(42);
     for (int round = 0; round < 2000; ++round) {
         QByteArray changed = whole;
         for (int change = 0; change < 3; ++change)
             changed[static_cast<qsizetype>(random() % static_cast<unsigned>(changed.size()))] =
                 static_cast<char>(random());
-        QVERIFY(readAll(changed) > 0);
+        // Nothing but the bytes decides what is read.
+        QVERIFY2(readAll(changed) == readAll(changed), changed.toHex().constData());
     }
 }
 

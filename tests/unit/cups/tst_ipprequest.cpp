@@ -61,6 +61,7 @@ private slots:
     void dumpOfARequest();
     void dumpOfAResponse();
     void dumpOfManyValues();
+    void dumpOfTwoPrinters();
     void dumpStopsWhereTheBufferEnds();
     void newRequestHasCharsetAndLanguage();
     void adders();
@@ -220,6 +221,21 @@ void TestIPPRequest::dumpOfManyValues()
         parseIpp(IppBytes(0).group(PrinterGroup).keywords("media", {"a4", "a3", "letter"}));
     QCOMPARE(IPPRequest::dumpAttributes(message.get()),
              "operation_id: 0/0\n                    media(3): <a4>|<a3>|<letter>");
+}
+
+void TestIPPRequest::dumpOfTwoPrinters()
+{
+    const Cups::IppPtr message = parseIpp(IppBytes(0)
+                                              .group(PrinterGroup)
+                                              .name("printer-name", "one")
+                                              .group(PrinterGroup)
+                                              .name("printer-name", "two"));
+    // The separator between the two is an attribute without name and value.
+    QCOMPARE(IPPRequest::dumpAttributes(message.get()),
+             "operation_id: 0/0"
+             "\n             printer-name(1): <one>"
+             "\n                         (0): Unknown value_tag=0"
+             "\n             printer-name(1): <two>");
 }
 
 void TestIPPRequest::dumpStopsWhereTheBufferEnds()
