@@ -54,6 +54,12 @@ QStringList described(const PrinterInfo &info)
     return all + info.uris + info.mediaSupported + orientations + info.jobSheetsSupported;
 }
 
+QStringList described(const ClassInfo &cls)
+{
+    const PrinterInfo &info = cls;
+    return described(info) + cls.memberUris + cls.memberNames;
+}
+
 /** The records of a response to the request as its class builds it, without any list of names. */
 template <typename Record> QMap<QString, QStringList> recordsOf(IPPRequest &request)
 {
@@ -210,6 +216,8 @@ void TestCupsOperations::requestedAttributesChangeNoRecord()
     found.clear();
     for (const ClassInfo &cls : std::as_const(classes))
         found.insert(cls.name, described(cls));
+    QCOMPARE(found.value(QStringLiteral("Office")).value(found.first().size() - 1),
+             QStringLiteral("Photo"));
     Requests::GetClasses plainClasses;
     QCOMPARE(found, recordsOf<ClassInfo>(plainClasses));
 }

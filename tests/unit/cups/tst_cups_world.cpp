@@ -1,11 +1,15 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
+#include "IppTool.h"
+#include "PrintCommands.h"
 #include "PrinterOptions.h"
 
 #include <QProcess>
 #include <QTest>
 
-/** Names that are not ASCII on a real server: a queue, a saved instance, a class of such a queue.
+/**
+ * Names that are not ASCII on a real server: a queue, a saved instance, a class of such a queue.
+ * What was done is read back with the system's own commands.
  */
 
 namespace
@@ -29,6 +33,12 @@ void runLpadmin(const QString &arguments)
 {
     run(QStringLiteral("lpadmin"),
         QStringList{QStringLiteral("-U"), QStringLiteral("root")} + arguments.split(u'|'));
+}
+
+/** What the server says of the printer or class at `uri`. */
+QString told(const QString &uri, const char *attribute)
+{
+    return IppTool::printer(uri).records.constFirst().value(QLatin1String(attribute));
 }
 } // namespace
 
@@ -107,6 +117,8 @@ void TestCupsWorld::savesOptions()
     PrinterOptions again;
     QVERIFY(again.load(queue));
     QCOMPARE(again.value(QStringLiteral("note"), QString()), QStringLiteral("gr\u00f6\u00dfer"));
+    QVERIFY(PrintCommands::run(QStringLiteral("lpoptions"), {QStringLiteral("-p"), queue})
+                .contains(QStringLiteral("note=gr\u00f6\u00dfer")));
     // And the instance has kept its own.
     loadsSavedOptions();
 }
@@ -119,9 +131,13 @@ void TestCupsWorld::stopsAndStarts()
     QVERIFY(_CUPS->stopPrinter(uri.constData()));
     QVERIFY(_CUPS->findPrinter(queue, printer, false));
     QCOMPARE(printer.attributes.state, int(IPP_PSTATE_STOPPED));
+    QCOMPARE(told(printer.attributes.uri, "printer-state"), QStringLiteral("stopped"));
+    QCOMPARE(told(printer.attributes.uri, "printer-is-accepting-jobs"), QStringLiteral("false"));
     QVERIFY(_CUPS->startPrinter(uri.constData()));
     QVERIFY(_CUPS->findPrinter(queue, printer, false));
     QCOMPARE(printer.attributes.state, int(IPP_PSTATE_IDLE));
+    QCOMPARE(told(printer.attributes.uri, "printer-state"), QStringLiteral("idle"));
+    QCOMPARE(told(printer.attributes.uri, "printer-is-accepting-jobs"), QStringLiteral("true"));
 }
 
 void TestCupsWorld::modifiesAndDeletes()
@@ -137,12 +153,16 @@ void TestCupsWorld::modifiesAndDeletes()
     CUPSPrinter changed;
     QVERIFY(_CUPS->findPrinter(other, changed, false));
     QCOMPARE(changed.attributes.location, QStringLiteral("K\u00fcche"));
+    const QString uri = changed.attributes.uri;
+    QCOMPARE(told(uri, "printer-location"), QStringLiteral("K\u00fcche"));
 
     QVERIFY(_CUPS->deletePrinter(changed.attributes.uri.toUtf8().constData()));
     QVERIFY(!_CUPS->findPrinter(other, changed, false));
     ClassInfo cls;
     QVERIFY(_CUPS->findClass(className, cls));
     QCOMPARE(cls.memberNames, QStringList{queue});
+    QCOMPARE(IppTool::printer(uri).status, QStringLiteral("client-error-not-found"));
+    QCOMPARE(told(cls.uri, "member-names"), queue);
 }
 
 void TestCupsWorld::printsToIt()
@@ -163,6 +183,10 @@ void TestCupsWorld::printsToIt()
     QTRY_VERIFY(isThere());
     QCOMPARE(jobs.first().name, QStringLiteral("Gr\u00fc\u00dfe"));
     QCOMPARE(jobs.first().printer, queue);
+    const IppTool::Record told = IppTool::job(jobs.firstKey());
+    QCOMPARE(told.value(QStringLiteral("job-name")), job.title);
+    QCOMPARE(told.value(QStringLiteral("job-printer-uri")).section(u'/', -1),
+             printer.attributes.uri.section(u'/', -1));
 }
 
 QTEST_GUILESS_MAIN(TestCupsWorld)
