@@ -171,4 +171,5 @@ if place.MAY_MOUNT:
             self.assertEqual(result.status, 0)
             self.assertEqual(result.clients[0]["files"][result.arguments[0]]["size"], 65536)
 else:
-    print("e2e: no mounts here, the limit of file sizes alone stands for a full disk")
+    print("e2e: no mounts here, the cases of a full disk are left out, the limit of file sizes stands "
+          "for it")
