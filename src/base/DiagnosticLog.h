@@ -31,6 +31,6 @@ constexpr char Options[] = "PrinterOptions.log";
 /** Opens and truncates the log `fileName` (a bare file name). Null when that is not possible. */
 Handle open(const char *fileName);
 
-/** Truncates all logs, for a run that does not load what writes them. */
+/** Truncates all logs, before what writes them is loaded, and where it never is. */
 void truncateAll();
 } // namespace DiagnosticLog

@@ -87,7 +87,6 @@ int runClient(const std::vector<const char *> &arguments)
 /** The run without a dialog, with the arguments as they came. */
 int handOver(const std::vector<char *> &argv)
 {
-    DiagnosticLog::truncateAll();
     std::vector<const char *> arguments(argv.begin() + (argv.empty() ? 0 : 1), argv.end());
     if (*StandardInput::fileName())
         arguments.push_back(StandardInput::fileName());
@@ -114,6 +113,7 @@ Entry::Entry(int argc, char **argv)
 int Entry::run()
 {
     openStandardStreams();
+    DiagnosticLog::truncateAll();
     const std::string path = programPath(m_argv[0]);
     loadSettings(path);
     ToolkitOptions::Split split = ToolkitOptions::split(m_argc, m_argv);

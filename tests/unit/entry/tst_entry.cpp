@@ -241,21 +241,37 @@ void TestEntry::refusesInputThatItCannotStore()
     QVERIFY(!QFile::exists(path("argv")));
 }
 
-void TestEntry::truncatesTheLogs()
+namespace
 {
-    const QDir logs(path("var/tmp"));
-    const QStringList names = {
-        QStringLiteral("PrinterOptions.log"), QStringLiteral("ipp_class.log"),
-        QStringLiteral("ipp_driver.log"),     QStringLiteral("ipp_job.log"),
-        QStringLiteral("ipp_printer.log"),    QStringLiteral("ipp_request.log")};
-    for (const QString &name : names) {
-        QFile log(logs.filePath(name));
+const QStringList Logs = {QStringLiteral("PrinterOptions.log"), QStringLiteral("ipp_class.log"),
+                          QStringLiteral("ipp_driver.log"),     QStringLiteral("ipp_job.log"),
+                          QStringLiteral("ipp_printer.log"),    QStringLiteral("ipp_request.log")};
+
+void fillLogs(const QDir &folder)
+{
+    for (const QString &name : Logs) {
+        QFile log(folder.filePath(name));
         QVERIFY(log.open(QIODevice::WriteOnly));
         log.write("of the last run");
     }
+}
+
+void compareLogsWithNothing(const QDir &folder)
+{
+    for (const QString &name : Logs)
+        QCOMPARE(QFileInfo(folder.filePath(name)).size(), 0);
+}
+} // namespace
+
+void TestEntry::truncatesTheLogs()
+{
+    const QDir logs(path("var/tmp"));
+    fillLogs(logs);
     QCOMPARE(run({"file"}), 0);
-    for (const QString &name : names)
-        QCOMPARE(QFileInfo(logs.filePath(name)).size(), 0);
+    compareLogsWithNothing(logs);
+    fillLogs(logs);
+    refusesInputThatItCannotStore();
+    compareLogsWithNothing(logs);
 }
 
 void TestEntry::saysThatThereAreNoSettings()
