@@ -62,6 +62,7 @@ private slots:
     void tellsThatTheClientIsMissing();
     void refusesInputThatItCannotStore();
     void truncatesTheLogs();
+    void truncatesTheLogsWithoutInput();
     void saysThatThereAreNoSettings();
 
 private:
@@ -269,6 +270,11 @@ void TestEntry::truncatesTheLogs()
     fillLogs(logs);
     QCOMPARE(run({"file"}), 0);
     compareLogsWithNothing(logs);
+}
+
+void TestEntry::truncatesTheLogsWithoutInput()
+{
+    const QDir logs(path("var/tmp"));
     fillLogs(logs);
     refusesInputThatItCannotStore();
     compareLogsWithNothing(logs);
