@@ -6,6 +6,8 @@
 #include <csignal>
 #include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
@@ -59,12 +61,30 @@ private:
     int m_descriptor;
 };
 
+/** Whether the paths lead to one socket; also where the first one leads nowhere from here. */
+bool isSameFile(const char *bound, const char *used)
+{
+    struct stat first = {};
+    struct stat second = {};
+    if (bound[0] == '\0' || stat(used, &second) != 0)
+        return false;
+    return stat(bound, &first) != 0 ||
+           (first.st_dev == second.st_dev && first.st_ino == second.st_ino);
+}
+
+/** The peer's name is the one that it was given, which another path may lead to. */
+bool isEqual(http_addr_t &peer, http_addr_t &address)
+{
+    if (peer.addr.sa_family == AF_LOCAL && address.addr.sa_family == AF_LOCAL)
+        return isSameFile(peer.un.sun_path, address.un.sun_path);
+    return httpAddrEqual(&peer, &address) && httpAddrPort(&peer) == httpAddrPort(&address);
+}
+
 bool isConnectedTo(int socket, http_addr_t *address)
 {
     http_addr_t peer = {};
     socklen_t size = sizeof peer;
-    return address && getpeername(socket, &peer.addr, &size) == 0 &&
-           httpAddrEqual(&peer, address) && httpAddrPort(&peer) == httpAddrPort(address);
+    return address && getpeername(socket, &peer.addr, &size) == 0 && isEqual(peer, *address);
 }
 
 /**

@@ -40,6 +40,7 @@ private slots:
     void defaults();
     void silentServer_data();
     void silentServer();
+    void silentServerUnderAnotherName();
     void serverThatFallsSilent_data();
     void serverThatFallsSilent();
     void serverThatNeverEnds_data();
@@ -155,6 +156,20 @@ void TestLimits::silentServer()
     timer.start();
     call();
     QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
+}
+
+void TestLimits::silentServerUnderAnotherName()
+{
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("s"));
+    QVERIFY(QFile::link(QFile::decodeName(m_server->address()), name));
+    cupsSetServer(QFile::encodeName(name).constData());
+    m_server->setHandler([](const auto &) { return FakeIppServer::silence(); });
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!IPPRequest(0x4002).send("/"));
+    QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(m_server->requestCount(), 1);
 }
 
 void TestLimits::serverThatFallsSilent_data()
