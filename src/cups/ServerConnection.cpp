@@ -35,9 +35,15 @@ int waitsOn(http_t *http, void *)
     return 0;
 }
 
+/**
+ * Where nobody else ends what takes too long. With such a limit the library asks before each read
+ * whether there is something to read, and it reads a few bytes at a time: that is as much work as
+ * the reading.
+ */
 void limitWaits(http_t *http)
 {
-    httpSetTimeout(http, ServerConnection::limits().waitSeconds, waitsOn, nullptr);
+    if (!Watchdog::instance().isRunning())
+        httpSetTimeout(http, ServerConnection::limits().waitSeconds, waitsOn, nullptr);
 }
 
 /** The time that this thread's connections share. */

@@ -6,9 +6,9 @@ namespace ServerConnection
 {
 /**
  * How long the program waits for the server. Once a connection is `totalMs` old, everything on it
- * ends: a wait for a silent server after at most `waitSeconds`, an exchange with a server that goes
- * on sending (a byte now and then, or one redirection after the other) at once. While a document is
- * sent, the time counts from the last progress.
+ * ends at once: a wait for a silent server, and an exchange with one that goes on sending (a byte
+ * now and then, or one redirection after the other). Where there is no thread to see to that, waits
+ * end after `waitSeconds` more. While a document is sent, the time counts from the last progress.
  */
 struct Limits {
     int connectMs = 5000;

@@ -110,6 +110,7 @@ Watchdog::Watchdog()
     const SignalsElsewhere inherited;
     try {
         std::thread(&Watchdog::run, this).detach();
+        m_isRunning = true;
     } catch (const std::system_error &) {
         qWarning("Watchdog: no thread could be started");
     }

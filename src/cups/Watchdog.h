@@ -21,6 +21,8 @@ public:
     /** The one of the process. It is never destroyed: threads may use it while the process ends. */
     static Watchdog &instance();
 
+    /** Whether it does anything: there may have been no thread for it. */
+    bool isRunning() const { return m_isRunning; }
     /** Watches `http` from now on, or gives it another deadline. */
     void watch(http_t *http, Clock::time_point deadline);
     /** Gives a connection that is being watched another deadline; false where it is not. */
@@ -52,6 +54,7 @@ private:
     /** Shuts down what is overdue; returns when to look again. */
     Clock::time_point endOverdue();
 
+    bool m_isRunning = false;
     std::mutex m_mutex;
     std::condition_variable m_isChanged;
     std::map<http_t *, Watched> m_watched;
