@@ -5,6 +5,7 @@ import sys
 from typing import Callable, NamedTuple
 
 import capture
+import directory
 import handover
 import option_tree
 import paint
@@ -24,6 +25,7 @@ ALL = {
     "paint": Part("From exec to the first painted dialog", paint.measure_queues),
     "discovery": Part("With announced printers", paint.measure_discovery),
     "select": Part("Choosing another destination", select_destination.measure),
+    "directory": Part("Listing printers and classes", directory.measure),
     "capture": Part("Capturing standard input", capture.measure),
     "options": Part("The options of the largest driver", option_tree.measure),
     "properties": Part("The properties dialog", properties.measure),
@@ -36,6 +38,7 @@ INSIDE = {
     "paint": paint.inside,
     "join": paint.inside_join,
     "select": select_destination.inside,
+    "directory": directory.inside,
     "capture": capture.inside,
     "properties": properties.inside,
 }

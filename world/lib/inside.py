@@ -29,7 +29,7 @@ def run(options, root):
     tree.furnish(root)
     if options.server:
         server.write_settings(root, options)
-    queues.write_queues(root, options.samples, options.queues, bool(options.listen))
+    queues.write_queues(root, options)
     _place_programs(options, root, user)
     if user.uid != os.getuid():
         tree.give_to(root, user, ("home", "client-argv"))

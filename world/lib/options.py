@@ -24,6 +24,8 @@ def _parser():
         help="a file or folder that stays visible where private folders cover the machine's")
     add("--user", metavar="NAME", help="the user that COMMAND runs as (for root)")
     add("--queues", metavar="N", type=int, default=0, help="add N plain queues Queue0001...")
+    add("--classes", metavar="N", type=int, default=0,
+        help="add N classes Class0001... of two such queues each")
     add("--no-samples", dest="samples", action="store_false", help="without the sample queues")
     add("--no-server", dest="server", action="store_false", help="with the server down")
     add("--auth", action="store_true",
@@ -58,6 +60,8 @@ def parse(arguments):
         parser.error("no command")
     if not 0 <= options.queues <= 9999:
         parser.error("--queues: 0 to 9999")
+    if not 0 <= options.classes <= 9999 or options.classes and not options.queues:
+        parser.error("--classes: 0 to 9999, with --queues")
     if options.client_file:
         options.client = "file"
         options.client_file = _existing(parser, options.client_file)

@@ -53,24 +53,38 @@ def _many(count, device):
                       device, ())
 
 
-def write_queues(root, samples, extra, shared=False):
+def _many_classes(count, queues):
+    for number in range(1, count + 1):
+        members = {number % queues + 1, (number + 1) % queues + 1}
+        yield "\n".join([
+            "<Class Class%04d>" % number, "Info Plain class %d" % number, "Location Hall",
+            "State Idle", "Accepting Yes",
+            *("Printer Queue%04d" % member for member in sorted(members)),
+            "JobSheets none none", "OpPolicy default", "</Class>", ""])
+
+
+def write_queues(root, options):
     """
-    Writes the printers, the class, the drivers and the saved instance below `root`. Others in the
+    Writes the printers, the classes, the drivers and the saved instance below `root`. Others in the
     network see only those that are shared.
     """
     etc = os.path.join(root, "etc/cups")
     device = "tofile:" + os.path.join(root, "pages")
     records = []
-    if samples:
+    classes = ""
+    if options.samples:
         for name, info, location, model, ppd, lines in _PRINTERS:
             records.append(_record(name, info, location, model, device, lines, name == _DEFAULT))
             if ppd:
                 shutil.copy(os.path.join(_PPDS, ppd), os.path.join(etc, "ppd", name + ".ppd"))
-        write(os.path.join(etc, "classes.conf"), _CLASS)
+        classes = _CLASS
         os.makedirs(os.path.join(root, "home/.cups"))
         write(os.path.join(root, "home/.cups/lpoptions"), _SAVED)
-    records += _many(extra, device)
+    records += _many(options.queues, device)
     text = "".join(records)
-    if not shared:
+    if not options.listen:
         text = text.replace("\nJobSheets ", "\nShared No\nJobSheets ")
     write(os.path.join(etc, "printers.conf"), text)
+    classes += "".join(_many_classes(options.classes, options.queues))
+    if classes:
+        write(os.path.join(etc, "classes.conf"), classes)
