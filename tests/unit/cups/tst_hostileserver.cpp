@@ -314,7 +314,6 @@ void TestHostileServer::runs(const Call &call, const QVariant &expected, qint64 
     const QVariant result = call.run();
     QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(result, expected);
-    QTRY_VERIFY(m_server->requestCount() > 0);
 }
 
 /** Calls while every request is answered so, and sees that the program is fit for more. */
@@ -322,6 +321,7 @@ void TestHostileServer::fails(const Answer &answer, const Call &call)
 {
     m_server->setHandler([answer](const auto &) { return answer; });
     runs(call, call.failed);
+    QVERIFY(m_server->requestCount() > 0);
     m_server->setHandler([](const auto &) { return FakeIppServer::ok(IppBytes::response()); });
     QVERIFY(IPPRequest(0x4002).send("/"));
 }
@@ -382,6 +382,7 @@ void TestHostileServer::endlessTransport()
     QFETCH(Call, call);
     ServerConnection::limits() = Short;
     m_server->setHandler([answer](const auto &) { return answer; });
+    // On a machine with much to do the time may be over before the server has read the request.
     runs(call, call.failed, MuchLongerMs);
 }
 
@@ -549,6 +550,7 @@ void TestHostileServer::uselessMessage()
     QFETCH(QVariant, expected);
     m_server->setHandler([message](const auto &) { return FakeIppServer::ok(message); });
     runs(call, expected);
+    QVERIFY(m_server->requestCount() > 0);
 }
 
 void TestHostileServer::statusOfTheServer_data()
@@ -575,6 +577,7 @@ void TestHostileServer::statusOfTheServer()
     const bool isFailure =
         call.kind == Call::CancelJob && status >= IPP_STATUS_REDIRECTION_OTHER_SITE;
     runs(call, isFailure ? call.failed : call.told);
+    QVERIFY(m_server->requestCount() > 0);
 }
 
 void TestHostileServer::unknownStatusIsTold_data()
