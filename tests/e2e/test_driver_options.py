@@ -112,8 +112,9 @@ class Custom(DriverOptionsCase):
         os.mkdir(folder)
         subprocess.run(["localedef", "-i", "de_DE", "-f", "UTF-8",
                         os.path.join(folder, "de_DE.UTF-8")], check=True)
-        properties = self.open_properties(
-            "Photo", environment={"LC_ALL": "de_DE.UTF-8", "LOCPATH": folder})
+        # Numbers as in German, texts in English.
+        locale = {"LC_ALL": "de_DE.UTF-8", "LOCPATH": folder, "LANGUAGE": "en"}
+        properties = self.open_properties("Photo", environment=locale)
         self.set_custom(properties, "Sharpness", Amount="3,125")
         properties.set_choice("Media Size", "Custom")
         properties.field("Width").write("300,5")
