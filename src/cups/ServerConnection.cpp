@@ -91,7 +91,11 @@ void forgetCredentials(http_t *http)
     auto *const memory = reinterpret_cast<char *>(http);
     const size_t size = malloc_usable_size(http);
     wipeAfter("Basic ", memory, size);
-    wipeAfter(std::string(cupsUser()) + ':', memory, size);
+    // A shorter mark could be found in what is no text, such as a pointer that is still needed.
+    constexpr size_t ShortestMark = 4;
+    const std::string mark = std::string(cupsUser()) + ':';
+    if (mark.size() >= ShortestMark)
+        wipeAfter(mark, memory, size);
 }
 
 /** The server's connection before it is made. */
