@@ -1,6 +1,7 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
 #include "PrintCommands.h"
+#include "PrinterRecords.h"
 #include "Requests.h"
 #include "SavedDestinationRows.h"
 #include "SavedOptionsFiles.h"
@@ -9,13 +10,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <array>
-
 /** The listings of the facade and the destinations against a real server, as others see it. */
 
 using Destinations::Entry;
 
 using namespace PrintCommands;
+using namespace PrinterRecords;
 using namespace SavedOptionsFiles;
 
 namespace
@@ -29,53 +29,6 @@ QByteArray readFile(const QString &path)
 QByteArray uriOf(const QString &name, const char *folder = "printers")
 {
     return QByteArray("ipp://localhost/") + folder + '/' + name.toLatin1();
-}
-
-QStringList described(const PrinterInfo &info)
-{
-    QStringList orientations;
-    for (const int orientation : info.orientationsSupported)
-        orientations.append(QString::number(orientation));
-    const std::array numbers = {info.state,
-                                static_cast<int>(info.colorSupported),
-                                info.printerType,
-                                static_cast<int>(info.acceptingJobs),
-                                info.copiesDefault,
-                                info.copiesMin,
-                                info.copiesMax,
-                                static_cast<int>(info.pageRangesSupported),
-                                info.orientationDefault};
-    QStringList all = {
-        info.name,         info.description,  info.make,           info.location,
-        info.info,         info.modelInfo,    info.localUri,       info.uri,
-        info.mediaDefault, info.stateMessage, info.jobSheetsStart, info.jobSheetsEnd};
-    for (const int number : numbers)
-        all.append(QString::number(number));
-    return all + info.uris + info.mediaSupported + orientations + info.jobSheetsSupported;
-}
-
-QStringList described(const ClassInfo &cls)
-{
-    const PrinterInfo &info = cls;
-    return described(info) + cls.memberUris + cls.memberNames;
-}
-
-/** The records of a response to the request as its class builds it, without any list of names. */
-template <typename Record> QMap<QString, QStringList> recordsOf(IPPRequest &request)
-{
-    QMap<QString, QStringList> records;
-    if (!request.send())
-        return records;
-    Record record;
-    for (ipp_attribute_t *attribute = ippFirstAttribute(request.response()); attribute;
-         attribute = ippNextAttribute(request.response())) {
-        record.readAttribute(attribute);
-        records.insert(record.name, described(record));
-        if (!ippGetName(attribute))
-            record = Record();
-    }
-    records.remove(QString());
-    return records;
 }
 
 QMap<QString, CUPSPrinter> printers()
