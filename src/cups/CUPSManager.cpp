@@ -479,6 +479,7 @@ int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool 
 
 int CUPSManager::getJobsWithUris(QMap<int, JobInfo> &out)
 {
+    const ServerConnection::Patience patience;
     const qsizetype before = out.size();
     Requests::GetJobs request;
     const bool isAnswered = addJobs(*this, request, nullptr, out);

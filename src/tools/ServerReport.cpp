@@ -10,10 +10,15 @@
 
 namespace
 {
-QString titled(const char *kind, const PrinterInfo &info, const QString &dump)
+const char *kindOf(const PrinterInfo &info)
+{
+    return info.printerType & CUPS_PRINTER_CLASS ? "Class" : "Printer";
+}
+
+QString titled(const PrinterInfo &info, const QString &dump)
 {
     QString title = QStringLiteral("%1 %2: %3")
-                        .arg(QLatin1String(kind), info.name,
+                        .arg(QLatin1String(kindOf(info)), info.name,
                              CUPSManager::stateText(info.state, info.acceptingJobs));
     if (info.isDefault)
         title += QStringLiteral(", default");
@@ -35,11 +40,6 @@ QString nameOfServerDefault(CUPSManager &server)
     return printer.attributes.name;
 }
 
-const char *kindOf(const PrinterInfo &info)
-{
-    return info.printerType & CUPS_PRINTER_CLASS ? "Class" : "Printer";
-}
-
 QString printerAtUri(CUPSManager &server, const ReportOptions &options)
 {
     CUPSPrinter printer;
@@ -48,7 +48,7 @@ QString printerAtUri(CUPSManager &server, const ReportOptions &options)
     if (!isFound || !options.matchesName(info.name))
         return {};
     info.isDefault = info.name == nameOfServerDefault(server);
-    return titled(kindOf(info), info, dumpPrinter(info));
+    return titled(info, dumpPrinter(info));
 }
 
 QString printersText(CUPSManager &server, const ReportOptions &options)
@@ -62,7 +62,7 @@ QString printersText(CUPSManager &server, const ReportOptions &options)
     QString text;
     for (const CUPSPrinter &printer : std::as_const(printers)) {
         if (options.matchesName(printer.attributes.name))
-            text += titled("Printer", printer.attributes, dumpPrinter(printer.attributes));
+            text += titled(printer.attributes, dumpPrinter(printer.attributes));
     }
     return text;
 }
@@ -77,7 +77,7 @@ QString classesText(CUPSManager &server, const ReportOptions &options)
     for (ClassInfo &cls : classes) {
         cls.isDefault = cls.name == defaultName;
         if (options.matchesName(cls.name))
-            text += titled("Class", cls, dumpClass(cls));
+            text += titled(cls, dumpClass(cls));
     }
     return text;
 }

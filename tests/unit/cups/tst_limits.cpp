@@ -7,9 +7,11 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QScopedValueRollback>
 #include <QTest>
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <sys/socket.h>
@@ -59,6 +61,7 @@ private slots:
     void slowAnswerIsAwaited();
     void timeForThePasswordIsNotCounted();
     void patienceIsForAllConnections();
+    void bothListsOfJobsHaveOneTime();
     void patienceWithinPatience();
     void patienceThatIsSpent();
     void patienceStartsAnewAfterThePassword();
@@ -127,6 +130,10 @@ std::vector<std::pair<const char *, Call>> everyCall()
     row("getJobs", [] {
         QMap<int, JobInfo> out;
         QCOMPARE(_CUPS->getJobs(out, nullptr, false), 0);
+    });
+    row("getJobsWithUris", [] {
+        QMap<int, JobInfo> out;
+        QCOMPARE(_CUPS->getJobsWithUris(out), 0);
     });
     row("cancelJob", [] { QVERIFY(!_CUPS->cancelJob("Laser", 1)); });
     row("getPPDs", [] { QVERIFY(_CUPS->getPPDs(nullptr).isEmpty()); });
@@ -541,6 +548,27 @@ void TestLimits::patienceIsForAllConnections()
     QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
     // It ends with its scope.
     QVERIFY(ServerConnection::open());
+}
+
+void TestLimits::bothListsOfJobsHaveOneTime()
+{
+    // Longer, so that a busy machine does not matter.
+    const QScopedValueRollback<int> limit(ServerConnection::limits().totalMs,
+                                          3 * ServerConnection::limits().totalMs);
+    const std::chrono::milliseconds total(ServerConnection::limits().totalMs);
+    m_server->setHandler([&](const FakeIppServer::Request &request) {
+        if (request.message.contains("ipp://localhost/"))
+            return FakeIppServer::silence();
+        std::this_thread::sleep_for(total * 3 / 4);
+        return FakeIppServer::ok(IppBytes::response(0x0406));
+    });
+    QElapsedTimer timer;
+    timer.start();
+    QMap<int, JobInfo> out;
+    QCOMPARE(_CUPS->getJobsWithUris(out), 0);
+    QCOMPARE(m_server->requestCount(), 2);
+    QVERIFY2(timer.elapsed() < (total * 3 / 2).count(),
+             qPrintable(QString::number(timer.elapsed())));
 }
 
 namespace
