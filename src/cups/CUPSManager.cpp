@@ -175,7 +175,7 @@ void removeFromSavedDestinations(const QString &name)
         return;
     saved.countRef() =
         cupsRemoveDest(toWire(name).constData(), nullptr, saved.count(), saved.dataRef());
-    if (!Destinations::writeSaved(saved))
+    if (!Destinations::writeSaved(std::move(saved)))
         qWarning("CUPSManager: the saved options of <%s> were not removed", qUtf8Printable(name));
 }
 

@@ -79,6 +79,51 @@ void addWithOwnOptions(Cups::DestinationArray &destinations, const SavedEntry &e
         markDefault(destinations, {entry.name, entry.instance});
 }
 
+bool write(http_t *http, const Cups::DestinationArray &destinations)
+{
+    WritableDestinations writable(destinations);
+    return cupsSetDests2(http, writable.count(), writable.data()) == 0;
+}
+
+bool isIn(const QList<SavedEntry> &entries, const cups_dest_t &destination)
+{
+    return std::any_of(entries.cbegin(), entries.cend(), [&destination](const SavedEntry &entry) {
+        return entry.name.compare(destination.name, Qt::CaseInsensitive) == 0 &&
+               entry.instance.compare(destination.instance, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/** Gives `instance` the options of `queue` that it has not. */
+void addInherited(cups_dest_t &instance, const cups_dest_t &queue)
+{
+    for (int i = 0; i < queue.num_options; ++i) {
+        const cups_option_t &option = queue.options[i];
+        if (!cupsGetOption(option.name, instance.num_options, instance.options))
+            instance.num_options =
+                cupsAddOption(option.name, option.value, instance.num_options, &instance.options);
+    }
+}
+
+/**
+ * The library leaves an instance out all of whose options are what the server has for the queue.
+ * Adds to such instances what the saved options of the queue give them, so that something is left.
+ * Returns whether that changed any.
+ */
+bool fillLostInstances(Cups::DestinationArray &destinations)
+{
+    const QList<SavedEntry> kept = SavedOptionsFile::ofUser();
+    bool isChanged = false;
+    for (cups_dest_t &destination : destinations) {
+        if (!destination.instance || isIn(kept, destination))
+            continue;
+        if (const cups_dest_t *queue = destinations.find(destination.name, nullptr)) {
+            addInherited(destination, *queue);
+            isChanged = true;
+        }
+    }
+    return isChanged;
+}
+
 /** Asks on the user's behalf, and for names alone. */
 void addQuestion(ipp_t *request)
 {
@@ -288,13 +333,12 @@ Cups::DestinationArray saved()
     return destinations;
 }
 
-bool writeSaved(const Cups::DestinationArray &destinations)
+bool writeSaved(Cups::DestinationArray destinations)
 {
     const ServerConnection::Ptr http = ServerConnection::open();
-    if (!http)
+    if (!http || !write(http.get(), destinations))
         return false;
-    WritableDestinations writable(destinations);
-    return cupsSetDests2(http.get(), writable.count(), writable.data()) == 0;
+    return !fillLostInstances(destinations) || write(http.get(), destinations);
 }
 
 struct Discovery::Shared {

@@ -57,15 +57,18 @@ Cups::DestinationArray named(const char *name, const char *instance);
 
 /**
  * Every destination that has saved options, whether the server knows it at the moment or not, with
- * those options: the list to change and hand to `writeSaved`, so that nothing saved is lost.
+ * those options: the list to change and hand to `writeSaved`.
  */
 Cups::DestinationArray saved();
 
 /**
- * Writes the user's saved-options file with `cupsSetDests`. False when that fails. An option of
- * more than one line is not written; a warning says so.
+ * Writes the user's saved-options file with `cupsSetDests`. False when that fails.
+ *
+ * What the library does not write is gone: comments, lines of other kinds, an option that the
+ * server has for the queue anyway, and an instance that has no other options, unless its queue has
+ * some: then it gets those. An option of more than one line is not written; a warning says so.
  */
-[[nodiscard]] bool writeSaved(const Cups::DestinationArray &destinations);
+[[nodiscard]] bool writeSaved(Cups::DestinationArray destinations);
 
 /**
  * Lists all destinations, those that discovery finds included, on a thread of its own, and says so

@@ -224,7 +224,7 @@ bool PrinterOptions::save(const QString &destination)
     }
     if (m_ppd)
         addPpdOptions(*saved, m_ppd.get());
-    return Destinations::writeSaved(all);
+    return Destinations::writeSaved(std::move(all));
 }
 
 bool PrinterOptions::openPPD()

@@ -100,6 +100,7 @@ private slots:
     void unknownNames();
     void readsWhatLpoptionsWrites();
     void savedOptionsOfOthersSurvive();
+    void instancesWithTheServersOptionsSurvive();
     void savedOptionsSurviveWithoutServer();
     void queuesAreInTheLibrarysOrder();
 
@@ -356,7 +357,7 @@ void TestCupsOperations::readsWhatLpoptionsWrites()
                  .isNull());
     const auto entries = Destinations::parseSavedOptions(readFile(userFile()));
     QVERIFY(!entries.isEmpty());
-    const Cups::DestinationArray saved = Destinations::saved();
+    Cups::DestinationArray saved = Destinations::saved();
     const cups_dest_t *photo = saved.find("Photo", nullptr);
     QVERIFY(photo && photo->is_default);
     const cups_dest_t *odd = saved.find("Plain", "odd");
@@ -365,7 +366,7 @@ void TestCupsOperations::readsWhatLpoptionsWrites()
     QCOMPARE(cupsGetOption("flag", odd->num_options, odd->options), "true");
     // Written back, it is the same to lpoptions.
     const QString before = run("lpoptions -p Plain/odd");
-    QVERIFY(Destinations::writeSaved(saved));
+    QVERIFY(Destinations::writeSaved(std::move(saved)));
     QCOMPARE(run("lpoptions -p Plain/odd"), before);
 }
 
@@ -379,7 +380,7 @@ void TestCupsOperations::savedOptionsOfOthersSurvive()
     all.add("Plain", nullptr);
     cups_dest_t *plain = all.find("Plain", nullptr);
     plain->num_options = cupsAddOption("wrap", "true", plain->num_options, &plain->options);
-    QVERIFY(Destinations::writeSaved(all));
+    QVERIFY(Destinations::writeSaved(std::move(all)));
     QCOMPARE(readFile(userFile()),
              QByteArray("Dest Gone z=1\nDest Laser Duplex=DuplexNoTumble\n"
                         "Dest Laser/draft InputSlot=Tray2\nDefault Other/i y=\"a b\"\n"
@@ -389,6 +390,23 @@ void TestCupsOperations::savedOptionsOfOthersSurvive()
     QVERIFY(laser.contains(QStringLiteral("Duplex=DuplexNoTumble")));
     QVERIFY(laser.contains(QStringLiteral("Resolution=300dpi")));
     QVERIFY(run("lpoptions -p Plain").contains(QStringLiteral("wrap=true")));
+}
+
+void TestCupsOperations::instancesWithTheServersOptionsSurvive()
+{
+    const QByteArray before = "Dest Other a=1\nDest Laser x=1\nDest Laser/bare\n"
+                              "Dest Laser/copy copies=1\nDest Laser/own y=2\n";
+    writeFile(userFile(), before);
+    Cups::DestinationArray all = Destinations::saved();
+    all.countRef() = cupsRemoveDest("Other", nullptr, all.count(), all.dataRef());
+    QVERIFY(Destinations::writeSaved(std::move(all)));
+    const QByteArray written = readFile(userFile());
+    QCOMPARE(written, QByteArray("Dest Laser x=1\nDest Laser/bare x=1\nDest Laser/copy x=1\n"
+                                 "Dest Laser/own y=2\n"));
+    // The system's own command keeps the same instances.
+    writeFile(userFile(), before);
+    QVERIFY(!run("lpoptions -x Other").isNull());
+    QCOMPARE(readFile(userFile()), QByteArray(written).replace("own y=2", "own x=1 y=2"));
 }
 
 void TestCupsOperations::savedOptionsSurviveWithoutServer()

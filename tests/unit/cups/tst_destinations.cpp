@@ -347,7 +347,7 @@ void TestDestinations::writeSavedKeepsTheOthers()
     all.add("office", nullptr);
     cups_dest_t *office = all.find("office", nullptr);
     office->num_options = cupsAddOption("n", "1", office->num_options, &office->options);
-    QVERIFY(Destinations::writeSaved(all));
+    QVERIFY(Destinations::writeSaved(std::move(all)));
     const QByteArray written = "Default Gone z=\"a b\"\nDest Gone/x y=1\nDest Laser c=3\n"
                                "Dest Laser/mine own=1\nDest office n=1\nDest Photo/i w=true\n";
     QCOMPARE(readFile(userFile()), written);
