@@ -53,28 +53,20 @@ ppd_choice_t *initialChoice(const ppd_option_t &option)
     return found == backwards.end() ? nullptr : &*found;
 }
 
-/** Whether a mark of the option is all that the library changes when the option is marked. */
-bool isMarkedAlone(const char *keyword)
-{
-    constexpr const char *others[] = {"PageSize", pageRegion, "InputSlot", "ManualFeed", "media"};
-    return std::ranges::none_of(
-               others, [keyword](const char *other) { return qstricmp(keyword, other) == 0; }) &&
-           qstrnicmp(keyword, "AP_", 3) != 0;
-}
-
-/** Whether to mark `choice` would leave the PPD as it is. */
+/** Whether `choice` is the option's mark, and its only one where there can be but one. */
 bool isMarkedAlready(ppd_file_t *ppd, ppd_option_t *option, const ppd_choice_t *choice)
 {
     const auto marks = std::ranges::count_if(choicesOf(*option),
                                              [](const auto &each) { return each.marked != 0; });
     return choice->marked && (marks == 1 || option->ui == PPD_UI_PICKMANY) &&
-           isMarkedAlone(option->keyword) && ppdFindOption(ppd, option->keyword) == option &&
+           ppdFindOption(ppd, option->keyword) == option &&
            ppdFindChoice(option, choice->choice) == choice;
 }
 
 /**
- * Marks a choice. The library checks all constraints with every mark, which would be most of the
- * time that the tree of a large driver takes: marks that are there already are left alone.
+ * Marks a choice, unless it is marked: to mark it again could take other marks away, such as that
+ * of ManualFeed for InputSlot. Besides, the library checks all constraints with every mark, which
+ * would be most of the time that the tree of a large driver takes.
  */
 void mark(ppd_file_t *ppd, ppd_option_t *option, const ppd_choice_t *choice)
 {

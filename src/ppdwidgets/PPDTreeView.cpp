@@ -5,6 +5,7 @@
 #include "PPDText.h"
 #include "PPDTreeColors.h"
 #include "PPDTreeDelegate.h"
+#include "PpdMarks.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <span>
+#include <vector>
 
 using PPDTree::BaseItem;
 
@@ -36,6 +38,11 @@ void forgetWidths(BaseItem &row)
         forgetWidths(*child);
 }
 } // namespace
+
+struct PPDTreeView::Mark {
+    ppd_option_t *option;
+    ppd_choice_t *choice;
+};
 
 PPDTreeView::PPDTreeView(QWidget *parent)
     : QTreeWidget(parent)
@@ -63,13 +70,30 @@ void PPDTreeView::setPPD(ppd_file_t *ppd)
     m_root->setText(treeColumn, PPDText::ascii(ppd->nickname));
     m_root->setPixmap(OptionPictures::root());
     m_root->setExpanded(true);
+    const std::vector<Mark> marksBefore = marks();
     for (ppd_group_t &group : std::span(ppd->groups, static_cast<size_t>(ppd->num_groups)))
         new PPDTree::GroupItem(ppd, &group, m_root);
     m_root->addToDict(m_dict);
+    for (const Mark &mark : marksBefore)
+        restore(mark);
     refreshConflicts();
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(treeColumn, QHeaderView::ResizeToContents);
     fitColumn();
+}
+
+/** What is marked in the PPD. */
+std::vector<PPDTreeView::Mark> PPDTreeView::marks() const
+{
+    std::vector<Mark> found;
+    for (ppd_option_t *option : PpdMarks::options(m_ppd)) {
+        for (ppd_choice_t &choice :
+             std::span(option->choices, static_cast<size_t>(option->num_choices))) {
+            if (choice.marked)
+                found.push_back({option, &choice});
+        }
+    }
+    return found;
 }
 
 void PPDTreeView::reloadFromPPD(ppd_file_t *ppd)
@@ -170,6 +194,24 @@ void PPDTreeView::refreshConflicts()
         return;
     for (BaseItem *row : std::as_const(m_dict))
         row->checkConflict();
+}
+
+/**
+ * A row whose option has no mark shows and marks its default, and that may have taken the mark of
+ * another option away: InputSlot has none where ManualFeed has one.
+ */
+void PPDTreeView::restore(const Mark &mark)
+{
+    if (mark.choice->marked)
+        return;
+    const QList<BaseItem *> rows = m_dict.values(PPDText::ascii(mark.option->keyword));
+    for (BaseItem *row : rows) {
+        auto *const option = static_cast<PPDTree::OptionItem *>(row);
+        if (option->m_option != mark.option)
+            continue;
+        ppdMarkOption(m_ppd, mark.option->keyword, mark.choice->choice);
+        option->setChoice(mark.choice);
+    }
 }
 
 void PPDTreeView::fitColumn()

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <vector>
+
 /**
  * Shows the options of a driver as a tree, with their choices and conflicts. The PPD is borrowed:
  * it must stay open until setPPD is called again, or the view dies.
@@ -18,7 +20,10 @@ public:
     /** Says that nothing is selected before the rows die. */
     ~PPDTreeView() override;
 
-    /** Shows the options of `ppd`; a null `ppd` empties the view. All earlier rows die. */
+    /**
+     * Shows the options of `ppd`; a null `ppd` empties the view. All earlier rows die. The default
+     * of an option without a mark is marked; what is marked stays so.
+     */
     void setPPD(ppd_file_t *ppd);
     /** Has all rows read what is marked in `ppd`, and checks for conflicts. */
     void reloadFromPPD(ppd_file_t *ppd);
@@ -53,7 +58,11 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    struct Mark;
+
     void removeRows();
+    std::vector<Mark> marks() const;
+    void restore(const Mark &mark);
     void refreshConflicts();
     void fitColumn();
 

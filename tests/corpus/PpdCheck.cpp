@@ -155,6 +155,22 @@ void markShownChoices(ppd_file_t &ppd, const ppd_group_t &group)
         markShownChoices(ppd, *subgroup);
 }
 
+/** Marks what the tree shows when it is opened. What was marked before stays so. */
+void showChoices(ppd_file_t &ppd, const std::vector<ppd_option_t *> &options)
+{
+    const QByteArray before = Walk::marks(options);
+    for (const ppd_group_t &group : Walk::groups(ppd))
+        markShownChoices(ppd, group);
+    qsizetype index = 0;
+    for (const ppd_option_t *option : options) {
+        for (const ppd_choice_t &choice : Walk::choices(*option)) {
+            if (before.at(index++) == '1' && !choice.marked &&
+                std::strcmp(option->keyword, "PageRegion") != 0)
+                ppdMarkOption(&ppd, option->keyword, choice.choice);
+        }
+    }
+}
+
 Cups::PpdPtr opened(const QString &path)
 {
     Cups::PpdPtr ppd = Cups::sharePpd(ppdOpenFile(QFile::encodeName(path).constData()));
@@ -189,8 +205,7 @@ void PpdCheck::run()
     m_counts.differingTexts += Walk::differingTexts(*m_plain).isEmpty() ? 0 : 1;
     m_tree.setPPD(m_shown.get());
     compareTree();
-    for (const ppd_group_t &group : Walk::groups(*m_plain))
-        markShownChoices(*m_plain, group);
+    showChoices(*m_plain, m_plainOptions);
     compareState(QStringLiteral("just opened"));
     selectRows();
     for (const Row &row : m_rows)

@@ -39,6 +39,8 @@ private slots:
     void oddities();
     void latin1Texts();
     void duplicateKeywords();
+    void marksThatExcludeEachOther_data();
+    void marksThatExcludeEachOther();
     void thousandsOfChoices();
 
     void conflictInASubgroup();
@@ -311,14 +313,56 @@ void TestPPDTreeView::duplicateKeywords()
     // As two groups of a careless driver have it.
     ppd_option_t *media = ppdFindOption(ppd.get(), "Media");
     ppd_option_t *trays = ppdFindOption(ppd.get(), "Trays");
+    ppdMarkOption(ppd.get(), "Media", "Film");
     qstrncpy(trays->keyword, media->keyword, sizeof trays->keyword);
     PPDTreeView view;
     view.setPPD(ppd.get());
     QCOMPARE(view.m_dict.count(u"Media"_s), 2);
+    QCOMPARE(TestPpd::marked(ppd.get(), "Media"), "Film");
     for (BaseItem *row : view.m_dict.values(u"Media"_s))
         static_cast<OptionItem *>(row)->setChoiceIndex(1);
     boxShownBy([&] { view.reloadFromPPD(ppd.get()); });
     qstrncpy(trays->keyword, "Trays", sizeof trays->keyword);
+}
+
+void TestPPDTreeView::marksThatExcludeEachOther_data()
+{
+    QTest::addColumn<QByteArray>("first");
+    QTest::addColumn<QByteArray>("second");
+    QTest::addColumn<QByteArrayList>("chosen");
+    QTest::addColumn<QByteArrayList>("marks");
+    const QByteArray slot = TestPpd::pickOne("InputSlot/Slot", "Auto", {"Auto/Auto", "Two/Two"});
+    const QByteArray manual = TestPpd::boolean("ManualFeed/Manual", "False");
+    const auto row = [&](const char *title, const QByteArrayList &chosen,
+                         const QByteArrayList &marks) {
+        QTest::addRow("%s", title) << slot << manual << chosen << marks;
+        QTest::addRow("%s, the other order", title) << manual << slot << chosen << marks;
+    };
+    row("manual", {"ManualFeed", "True"}, {"True", ""});
+    row("slot", {"InputSlot", "Two"}, {"False", "Two"});
+}
+
+/** The library unmarks the one when it marks the other. */
+void TestPPDTreeView::marksThatExcludeEachOther()
+{
+    QFETCH(QByteArray, first);
+    QFETCH(QByteArray, second);
+    QFETCH(QByteArrayList, chosen);
+    QFETCH(QByteArrayList, marks);
+    const Cups::PpdPtr ppd = openMarked(TestPpd::group("G/G", first + second));
+    ppdMarkOption(ppd.get(), chosen.at(0).constData(), chosen.at(1).constData());
+    PPDTreeView view;
+    const auto marked = [&ppd] {
+        return QByteArrayList{TestPpd::marked(ppd.get(), "ManualFeed"),
+                              TestPpd::marked(ppd.get(), "InputSlot")};
+    };
+    view.setPPD(ppd.get());
+    QCOMPARE(marked(), marks);
+    QCOMPARE(optionRow(view, "ManualFeed")->m_choice->choice, QByteArray(marks.at(0)));
+    const QString shown = optionRow(view, "ManualFeed")->text(0);
+    view.reloadFromPPD(ppd.get());
+    QCOMPARE(marked(), marks);
+    QCOMPARE(optionRow(view, "ManualFeed")->text(0), shown);
 }
 
 void TestPPDTreeView::thousandsOfChoices()
