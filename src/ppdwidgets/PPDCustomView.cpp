@@ -79,6 +79,7 @@ PPDCustomView::PPDCustomView(QWidget *parent)
     , m_ui(std::make_unique<Ui::PPDCustomForm>())
 {
     m_ui->setupUi(this);
+    m_ui->m_valuesListWidget->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_ui->m_valuesListWidget->setItemDelegate(new IsolatedTextDelegate(m_ui->m_valuesListWidget));
     connect(m_ui->m_valuesListWidget, &QListWidget::currentItemChanged, this,
             &PPDCustomView::currentChanged);

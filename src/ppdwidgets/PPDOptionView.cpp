@@ -74,6 +74,7 @@ PPDOptionView::PPDOptionView(QWidget *parent)
     , m_customView(new PPDCustomView)
 {
     addPages();
+    m_choiceList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_choiceList->setItemDelegate(new IsolatedTextDelegate(m_choiceList));
     connect(m_customView, &PPDCustomView::choiceChanged, this, &PPDOptionView::customChanged);
     connect(m_booleanView, &PPDBooleanView::valueChanged, this, &PPDOptionView::selectionChanged);

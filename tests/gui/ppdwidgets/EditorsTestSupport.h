@@ -3,9 +3,11 @@
 #include "CupsHandles.h"
 #include "DecimalCommaLocale.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFile>
 #include <QLocale>
+#include <QScrollBar>
 #include <QTemporaryFile>
 #include <QTest>
 
@@ -91,12 +93,25 @@ inline QString shown(const char *text)
 inline void type(QWidget *field, const QString &text)
 {
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    if (text.isEmpty())
+        QTest::keyClick(field, Qt::Key_Delete);
     for (const QChar character : text) {
         if (character.unicode() < 0x80)
             QTest::keyClick(field, character.toLatin1());
         else
             QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(character), {});
     }
+}
+
+/** Whether the rows of a view that is too low for them can be moved by a single pixel. */
+inline bool scrollsByPixels(QAbstractItemView &view)
+{
+    QScrollBar &bar = *view.verticalScrollBar();
+    const QModelIndex first = view.model()->index(0, 0);
+    bar.setValue(0);
+    const int before = view.visualRect(first).top();
+    bar.setValue(1);
+    return bar.maximum() > 0 && view.visualRect(first).top() == before - 1;
 }
 
 /** What `action` writes on standard error. */

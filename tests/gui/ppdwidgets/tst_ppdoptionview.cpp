@@ -99,6 +99,7 @@ private slots:
     void choiceListShowsTheChoices();
     void choiceIsCentred_data();
     void choiceIsCentred();
+    void longListsScrollSmoothly();
     void choiceKeysMark();
     void choiceKeepsFocusAndScrolling();
     void undefinedChoiceStaysUndefined();
@@ -382,6 +383,26 @@ void TestPPDOptionView::choiceIsCentred()
              qPrintable(u"%1 of %2"_s.arg(row.center().y()).arg(viewport.height())));
 }
 
+void TestPPDOptionView::longListsScrollSmoothly()
+{
+    Pane pane(openPpdWith("*AReal Plain/Plain: \"pop\"",
+                          "*AReal A/A: \"pop\"\n*AReal B/B: \"pop\"\n*AReal C/C: \"pop\"\n"
+                          "*AReal D/D: \"pop\"\n*AReal Plain/Plain: \"pop\""));
+    pane.view.resize(200, 130);
+    pane.view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pane.view));
+    pane.select("Dozen");
+    QTRY_VERIFY(scrollsByPixels(*pane.choices));
+    pane.select("AReal");
+    auto *values = only<QListWidget>(*pane.custom);
+    values->setFixedHeight(3 * values->sizeHintForRow(0));
+    QTRY_VERIFY(scrollsByPixels(*values));
+    pane.tree.resize(200, 120);
+    pane.tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pane.tree));
+    QTRY_VERIFY(scrollsByPixels(pane.tree));
+}
+
 void TestPPDOptionView::choiceKeysMark()
 {
     Pane pane;
@@ -469,19 +490,38 @@ void TestPPDOptionView::customValueMarks_data()
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QVariant>("value");
-    const auto row = [](const char *keyword, const char *name, const QString &typed,
-                        const QVariant &value) {
-        QTest::newRow(keyword) << QByteArray(keyword) << QByteArray(name) << typed << value;
+    const auto row = [](const char *what, const char *keyword, const char *name,
+                        const QString &typed, const QVariant &value) {
+        QTest::addRow("%s, %s", name, what)
+            << QByteArray(keyword) << QByteArray(name) << typed << value;
     };
-    row("ACurve", "Curve", shown("2.5"), 2.5F);
-    row("AnInt", "Int", u"-7"_s, -7);
-    row("AnInvCurve", "InvCurve", shown("0.25"), 0.25F);
-    row("APasscode", "Passcode", u"12345"_s, QByteArray("12345"));
-    row("APassword", "Password", u"s3cret"_s, QByteArray("s3cret"));
-    row("APoints", "Points", shown("1234.5"), 1234.5F);
-    row("AReal", "Real", shown("-1.5"), -1.5F);
-    row("AString", "String", u"two wörds"_s, QByteArray("two wörds"));
-    row("Two", "Resolution", u"300"_s, 300);
+    row("minimum", "ACurve", "Curve", shown("0.1"), 0.1F);
+    row("middle", "ACurve", "Curve", shown("2.5"), 2.5F);
+    row("maximum", "ACurve", "Curve", shown("10"), 10.0F);
+    row("minimum", "AnInt", "Int", u"-100"_s, -100);
+    row("middle", "AnInt", "Int", u"-7"_s, -7);
+    row("maximum", "AnInt", "Int", u"100000"_s, 100000);
+    row("minimum", "AnInvCurve", "InvCurve", shown("0.1"), 0.1F);
+    row("middle", "AnInvCurve", "InvCurve", shown("0.25"), 0.25F);
+    row("maximum", "AnInvCurve", "InvCurve", shown("10"), 10.0F);
+    row("minimum", "APasscode", "Passcode", u"0123"_s, QByteArray("0123"));
+    row("middle", "APasscode", "Passcode", u"12345"_s, QByteArray("12345"));
+    row("maximum", "APasscode", "Passcode", u"98765432"_s, QByteArray("98765432"));
+    row("minimum", "APassword", "Password", u"s3c!"_s, QByteArray("s3c!"));
+    row("middle", "APassword", "Password", u"s3cret"_s, QByteArray("s3cret"));
+    row("maximum", "APassword", "Password", u"sixteen{letters}"_s, QByteArray("sixteen{letters}"));
+    row("minimum", "APoints", "Points", shown("0"), 0.0F);
+    row("middle", "APoints", "Points", shown("1234.5"), 1234.5F);
+    row("maximum", "APoints", "Points", shown("10000"), 10000.0F);
+    row("minimum", "AReal", "Real", shown("-100"), -100.0F);
+    row("middle", "AReal", "Real", shown("-1.5"), -1.5F);
+    row("maximum", "AReal", "Real", shown("100"), 100.0F);
+    row("minimum", "AString", "String", QString(), QByteArray());
+    row("middle", "AString", "String", u"two wörds"_s, QByteArray("two wörds"));
+    row("maximum", "AString", "String", QString(40, u'm'), QByteArray(40, 'm'));
+    row("minimum", "Two", "Resolution", u"0"_s, 0);
+    row("middle", "Two", "Resolution", u"300"_s, 300);
+    row("maximum", "Two", "Resolution", u"600"_s, 600);
 }
 
 void TestPPDOptionView::customValueMarks()
@@ -494,7 +534,10 @@ void TestPPDOptionView::customValueMarks()
     pane.select(keyword.constData());
     QTest::keyClick(only<QListWidget>(*pane.custom), Qt::Key_End);
     auto *spinBox = pane.custom->findChild<QAbstractSpinBox *>();
-    type(spinBox ? spinBox : static_cast<QWidget *>(only<QLineEdit>(*pane.custom)), typed);
+    auto *field = spinBox ? spinBox : static_cast<QWidget *>(only<QLineEdit>(*pane.custom));
+    // Something else first, so that the value is not there before it is typed.
+    type(field, u"5"_s);
+    type(field, typed);
     QCOMPARE(marked(pane.ppd, keyword.constData()), u"Custom"_s);
     const ppd_cparam_t &read = param(pane.ppd, keyword.constData(), name.constData());
     if (value.typeId() == QMetaType::Int)
