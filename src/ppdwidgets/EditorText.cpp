@@ -42,6 +42,13 @@ bool isUnfinishedNumber(const QString &text, const QLocale &locale)
     return !text.isEmpty() && (rest.isEmpty() || rest == QLatin1String("."));
 }
 
+QString shown(QLocale locale, double value, int digits)
+{
+    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
+    const bool isNothing = QString::number(value, 'f', digits).toDouble() == 0;
+    return locale.toString(isNothing ? 0.0 : value, 'f', digits);
+}
+
 QString escapedForList(const QString &text)
 {
     QString escaped;

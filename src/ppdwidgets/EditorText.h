@@ -33,12 +33,11 @@ inline QString fixed(double value)
     return QString::number(value, 'f', decimals);
 }
 
-/** Fixed notation as the user reads it: with the decimal point of `locale`, without grouping. */
-inline QString shown(QLocale locale, double value, int digits)
-{
-    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
-    return locale.toString(value, 'f', digits);
-}
+/**
+ * Fixed notation as the user reads it: with the decimal point of `locale`, without grouping. What
+ * these digits round to nothing has no sign.
+ */
+QString shown(QLocale locale, double value, int digits);
 
 /** A number of a PPD that may be none, or endless. */
 inline double finite(double value)

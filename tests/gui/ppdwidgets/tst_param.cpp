@@ -115,6 +115,7 @@ private slots:
     void lengths_data();
     void lengths();
     void numbersThatAreNone();
+    void limitsNextToNothing();
     void fieldAcceptsWhatItShows();
     void fieldTakesAPointToo();
     void labelAndLayout();
@@ -270,6 +271,15 @@ void TestParam::numbersThatAreNone()
     QCOMPARE(edited.param->value(), u"0.000"_s);
     type(edited.editor, u"12"_s);
     QCOMPARE(edited.param->value(), u"12.000"_s);
+}
+
+void TestParam::limitsNextToNothing()
+{
+    const Edited<PPD_CUSTOM_REAL> edited(number(PPD_CUSTOM_REAL, -0.0001F, 0.0001F, -0.0001F));
+    const QString nothing = shown("0.000");
+    QCOMPARE(edited.editor->toolTip(), u"From %1 to %1"_s.arg(nothing));
+    QCOMPARE(edited.editor->text(), nothing);
+    QCOMPARE(edited.param->value(), u"0.000"_s);
 }
 
 void TestParam::fieldAcceptsWhatItShows()

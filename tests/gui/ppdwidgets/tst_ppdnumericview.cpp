@@ -19,6 +19,8 @@ constexpr int intMin = std::numeric_limits<int>::min();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr int realScale = 1000;
 
+int beeps = 0;
+
 /** A view with its parts at hand. */
 struct Numeric {
     explicit Numeric(int scale)
@@ -43,6 +45,12 @@ double valueOf(const QList<QVariant> &signal)
     return signal.first().toDouble();
 }
 } // namespace
+
+/** Takes the place of the toolkit's function in this program: the platform would beep unheard. */
+void QApplication::beep()
+{
+    ++beeps;
+}
 
 /** The entry and the slider of a number. */
 class TestPPDNumericView : public QObject
@@ -97,6 +105,11 @@ void TestPPDNumericView::range_data()
     QTest::newRow("turned round") << 1 << 10.0 << 0.0 << 0 << 10 << 1 << u"0..10"_s;
     QTest::newRow("huge") << realScale << -1e9 << 1e9 << intMin << intMax << 214748364
                           << shown("-1000000000.000") + u".."_s + shown("1000000000.000");
+    QTest::newRow("next to nothing") << realScale << -0.0001 << 0.0004 << 0 << 0 << 1
+                                     << shown("0.000") + u".."_s + shown("0.000");
+    QTest::newRow("below nothing")
+        << realScale << -0.001 << 0.0 << -1 << 0 << 1 << shown("-0.001") + u".."_s + shown("0.000");
+    QTest::newRow("a fraction below nothing") << 1 << -0.9 << 5.0 << 0 << 5 << 1 << u"0..5"_s;
     QTest::newRow("no number") << 1 << noNumber << 5.0 << 0 << 5 << 1 << u"0..5"_s;
 }
 
@@ -210,7 +223,9 @@ void TestPPDNumericView::typedLetters()
     numeric.view.setRange(0.5, 2.0);
     numeric.view.setValue(1.25);
     const QSignalSpy told(&numeric.view, &PPDNumericView::valueChanged);
+    beeps = 0;
     type(numeric.edit, u"x"_s);
+    QCOMPARE(beeps, 1);
     QCOMPARE(numeric.edit->text(), u"x"_s);
     QCOMPARE(numeric.edit->selectedText(), u"x"_s);
     QCOMPARE(numeric.slider->value(), 1250);
@@ -222,7 +237,9 @@ void TestPPDNumericView::typedNegativeNumber()
     Numeric numeric(realScale);
     numeric.view.setRange(-10, 10);
     const QSignalSpy told(&numeric.view, &PPDNumericView::valueChanged);
+    beeps = 0;
     type(numeric.edit, u"-"_s);
+    QCOMPARE(beeps, 0);
     QCOMPARE(numeric.edit->selectedText(), QString());
     QCOMPARE(told.count(), 0);
     QTest::keyClicks(numeric.edit, shown(".5"));
