@@ -29,15 +29,22 @@ private slots:
     void optionInConflict();
     void undefined_data() { looks(); }
     void undefined();
+    void undefinedInConflict_data() { looks(); }
     void undefinedInConflict();
     void selected_data() { looks(); }
     void selected();
+    void undefinedSelected_data() { looks(); }
+    void undefinedSelected();
     void openGroupInConflict();
     void closedGroupInConflict();
     void leafGroupInConflict();
     void closedRoot();
+    void numerical_data() { looks(); }
     void numerical();
+    void numericalInConflict_data() { looks(); }
     void numericalInConflict();
+    void numericalSelected_data() { looks(); }
+    void numericalSelected();
     void pieces_data() { looks(); }
     void pieces();
     void wordsKeepTheirOrder();
@@ -53,6 +60,9 @@ private:
     void looks();
     QImage imageOf(const QTreeWidgetItem *row);
     bool paints(const QTreeWidgetItem *row, Role role);
+    NumericalItem *addNumber();
+    QImage valueOf(BaseItem *row);
+    void checkWhiteValue(BaseItem *row);
     QColor color(Role role) const;
 
     Cups::PpdPtr m_ppd;
@@ -81,6 +91,13 @@ Range columnsOf(const QImage &image, const QColor &color)
     }
     return range;
 }
+/** Its text is not white, as a selected row's is. */
+QPalette darkPalette()
+{
+    QPalette palette = Looks::darkPalette();
+    palette.setColor(QPalette::Text, QColor(0xd0, 0xd0, 0xd0));
+    return palette;
+}
 } // namespace
 
 void TestPPDTreePainting::initTestCase()
@@ -98,7 +115,7 @@ void TestPPDTreePainting::init()
     font.setBold(true);
     m_view->setFont(font);
     if (QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).startsWith("dark"))
-        m_view->setPalette(Looks::darkPalette());
+        m_view->setPalette(darkPalette());
     if (QTest::currentDataTag() && QByteArray(QTest::currentDataTag()).endsWith("mirrored"))
         m_view->setLayoutDirection(Qt::RightToLeft);
     m_view->setPPD(m_ppd.get());
@@ -136,6 +153,41 @@ QColor TestPPDTreePainting::color(Role role) const
 bool TestPPDTreePainting::paints(const QTreeWidgetItem *row, Role role)
 {
     return columnsOf(imageOf(row), color(role)).isValid();
+}
+
+NumericalItem *TestPPDTreePainting::addNumber()
+{
+    return new NumericalItem(m_ppd.get(), TreeTest::optionRow(*m_view, "Media")->m_option,
+                             groupRow(m_view->m_root, 2));
+}
+
+/** What is between the brackets of a row whose text begins in white. */
+QImage TestPPDTreePainting::valueOf(BaseItem *row)
+{
+    QFETCH(bool, mirrored);
+    row->setPixmap(QPixmap());
+    const QImage image = imageOf(row).mirrored(mirrored, false);
+    const QString text = row->text(0);
+    const QString name = text.left(text.indexOf(u'<') + 1);
+    const QString value = text.mid(name.size()).chopped(1);
+    const auto ratio = image.devicePixelRatio();
+    const QFontMetrics metrics = m_view->fontMetrics();
+    return image.copy(columnsOf(image, Qt::white).first +
+                          qRound(metrics.horizontalAdvance(name) * ratio),
+                      0, qRound(metrics.horizontalAdvance(value) * ratio), image.height());
+}
+
+void TestPPDTreePainting::checkWhiteValue(BaseItem *row)
+{
+    m_view->setCurrentItem(row);
+    const QImage value = valueOf(row);
+    QVERIFY(columnsOf(value, Qt::white).isValid());
+    for (const Role role : {Role::Text, Role::Choice, Role::Conflict}) {
+        QVERIFY(color(role) != QColor(Qt::white));
+        QVERIFY(!paints(row, role));
+    }
+    QCOMPARE(imageOf(row).pixelColor(0, 0).rgb(),
+             PPDTreeColors::selectionColor(m_view->palette()).rgb());
 }
 
 void TestPPDTreePainting::optionRow()
@@ -192,6 +244,16 @@ void TestPPDTreePainting::selected()
     QVERIFY(PPDTreeColors::contrast(Qt::white, background) >= PPDTreeColors::ReadableContrast);
 }
 
+void TestPPDTreePainting::undefinedSelected()
+{
+    OptionItem *row = TreeTest::optionRow(*m_view, "Media");
+    row->setChoice(nullptr);
+    QCOMPARE(row->text(0), u"Kind: <Undefined>"_s);
+    checkWhiteValue(row);
+    row->setConflict(true);
+    checkWhiteValue(row);
+}
+
 void TestPPDTreePainting::openGroupInConflict()
 {
     TreeTest::optionRow(*m_view, "Media")->setConflict(true);
@@ -235,20 +297,28 @@ void TestPPDTreePainting::closedRoot()
 
 void TestPPDTreePainting::numerical()
 {
-    auto *row = new NumericalItem(m_ppd.get(), TreeTest::optionRow(*m_view, "Media")->m_option,
-                                  groupRow(m_view->m_root, 2));
+    NumericalItem *row = addNumber();
     QVERIFY(paints(row, Role::Text));
     QVERIFY(paints(row, Role::Choice));
 }
 
 void TestPPDTreePainting::numericalInConflict()
 {
-    auto *row = new NumericalItem(m_ppd.get(), TreeTest::optionRow(*m_view, "Media")->m_option,
-                                  groupRow(m_view->m_root, 2));
+    NumericalItem *row = addNumber();
     row->setConflict(true);
     QVERIFY(paints(row, Role::Text));
     QVERIFY(paints(row, Role::Conflict));
     QVERIFY(!paints(row, Role::Choice));
+}
+
+void TestPPDTreePainting::numericalSelected()
+{
+    NumericalItem *row = addNumber();
+    row->m_isReal = true;
+    row->setValue(88.888);
+    checkWhiteValue(row);
+    row->setConflict(true);
+    checkWhiteValue(row);
 }
 
 /** The name, the choice, the bracket: from the side where reading begins. */
