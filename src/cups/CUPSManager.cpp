@@ -243,6 +243,7 @@ bool addJobs(CUPSManager &manager, IPPRequest &request, const char *resource,
 int addPrinters(CUPSManager &manager, Requests::GetPrinters &request,
                 QMap<QString, CUPSPrinter> &out, const char *filter)
 {
+    const ServerConnection::Patience patience;
     const auto records = answerTo<PrinterInfo>(manager, request);
     if (!records || !ippFirstAttribute(request.response()))
         return 0;
@@ -358,12 +359,14 @@ QString CUPSManager::defaultPrinterName()
 
 bool CUPSManager::startPrinter(const char *uri)
 {
+    const ServerConnection::Patience patience;
     return sendToPrinter(*this, IPP_OP_CUPS_ACCEPT_JOBS, uri) &&
            sendToPrinter(*this, IPP_OP_RESUME_PRINTER, uri);
 }
 
 bool CUPSManager::stopPrinter(const char *uri)
 {
+    const ServerConnection::Patience patience;
     return sendToPrinter(*this, IPP_OP_CUPS_REJECT_JOBS, uri) &&
            sendToPrinter(*this, IPP_OP_PAUSE_PRINTER, uri);
 }
@@ -409,6 +412,7 @@ bool CUPSManager::setPrinterPPD(const char *uri, const QString &ppdFile)
 
 bool CUPSManager::modifyPrinter(const CUPSPrinter &printer)
 {
+    const ServerConnection::Patience patience;
     const PrinterInfo &info = printer.attributes;
     const QByteArray uri = uriOf("printers", info.name);
     Requests::AddPrinter request;
@@ -439,6 +443,7 @@ bool CUPSManager::modifyClass(const ClassInfo &cls)
 
 bool CUPSManager::deletePrinter(const char *uri)
 {
+    const ServerConnection::Patience patience;
     if (!stopPrinter(uri))
         return false;
     const std::optional<QString> name = nameOf(*this, uri);
@@ -453,6 +458,7 @@ bool CUPSManager::deletePrinter(const char *uri)
 
 bool CUPSManager::deleteClass(const char *uri)
 {
+    const ServerConnection::Patience patience;
     const std::optional<QString> name = nameOf(*this, uri);
     if (!name)
         return false;
@@ -469,7 +475,7 @@ int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool 
         return 0;
     const qsizetype before = out.size();
     m_listingStatus = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE);
-    if (activeOnly)
+    if (activeOnly || m_listingStatus == NoAnswer)
         return growth(before, out.size());
     const int status = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
     if (m_listingStatus == IPP_STATUS_OK)

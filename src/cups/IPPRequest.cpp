@@ -7,6 +7,7 @@
 #include "WireText.h"
 
 #include <QFile>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <array>
@@ -74,6 +75,8 @@ struct Authentication {
     /** How many connections had been opened when the password was last given without asking. */
     unsigned reusedAtOpening = 0;
     IPPRequest::PasswordPrompt prompt;
+    /** The connection on which the server has asked, during the callback. */
+    http_t *challenged = nullptr;
 };
 
 Authentication &authentication()
@@ -89,6 +92,7 @@ QString askForPassword()
         return {};
     // From now on neither a core dump nor another process of the user shows this one's memory.
     prctl(PR_SET_DUMPABLE, 0);
+    const ServerConnection::UserTime userTime(authentication().challenged);
     //: Title of the window that asks for the password of the system's administrator.
     return prompt(IPPRequest::tr("Authorization"),
                   IPPRequest::tr("Please, enter the root password:"));
@@ -110,8 +114,12 @@ void noticeRefusal(Authentication &state)
 
 const char *passwordCallback(const char *prompt, http_t *http, const char *, const char *, void *)
 {
-    noticeRefusal(authentication());
-    const ServerConnection::UserTime userTime(http);
+    Authentication &state = authentication();
+    // The password goes with the library's user, which may be another one: the server names one
+    // together with its question, and before the first request it is the one who runs the program.
+    IPPRequest::useRootAuthentication();
+    noticeRefusal(state);
+    const QScopedValueRollback<http_t *> challenged(state.challenged, http);
     return IPPRequest::rootPasswordCallback(prompt);
 }
 
@@ -361,6 +369,8 @@ const char *IPPRequest::rootPasswordCallback(const char *)
 void IPPRequest::setPasswordPrompt(PasswordPrompt prompt)
 {
     authentication().prompt = std::move(prompt);
+    // The library may be asked before there is any request: by itself it asks on the terminal.
+    cupsSetPasswordCB2(passwordCallback, nullptr);
 }
 
 void IPPRequest::addUri(const char *name, const char *value, int group)

@@ -1,14 +1,20 @@
 #include "ServerConnection.h"
 
+#include "SignalsElsewhere.h"
 #include "Watchdog.h"
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstring>
+#include <future>
 #include <malloc.h>
 #include <string>
 #include <string_view>
 #include <sys/socket.h>
+#include <system_error>
+#include <thread>
+#include <utility>
 
 namespace
 {
@@ -82,6 +88,16 @@ void wipe(const char *text)
 }
 
 /**
+ * Overwrites the stack below, where the library has composed what it sent: with an encrypted
+ * connection the name and password are left there.
+ */
+[[gnu::noinline]] void wipeStack()
+{
+    std::array<char, 0x40000> below;
+    explicit_bzero(below.data(), below.size());
+}
+
+/**
  * Overwrites the name and password that the server was given. The library hands the memory of a
  * connection back as it is, where it would wait for the next one that reads it.
  */
@@ -98,10 +114,41 @@ void forgetCredentials(http_t *http)
         wipeAfter(mark, memory, size);
 }
 
-/** The server's connection before it is made. */
-ServerConnection::Ptr create()
+struct AddressesDeleter {
+    void operator()(http_addrlist_t *addresses) const { httpAddrFreeList(addresses); }
+};
+using Addresses = std::unique_ptr<http_addrlist_t, AddressesDeleter>;
+
+Addresses lookUp(const std::string &host, const std::string &port)
 {
-    return ServerConnection::Ptr(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
+    return Addresses(httpAddrGetList(host.c_str(), AF_UNSPEC, port.c_str()));
+}
+
+/**
+ * The addresses of the configured server; null when there are none, or none by then. Name servers
+ * that do not answer take their time, which nothing can end: a thread is left behind with them.
+ */
+Addresses addressesOfServer(Clock::time_point deadline)
+{
+    const std::string host = cupsServer();
+    const std::string port = std::to_string(ippPort());
+    if (host.starts_with('/'))
+        return lookUp(host, port);
+    std::packaged_task<Addresses()> task([host, port] { return lookUp(host, port); });
+    std::future<Addresses> found = task.get_future();
+    try {
+        const SignalsElsewhere inherited;
+        std::thread(std::move(task)).detach();
+    } catch (const std::system_error &) {
+        return lookUp(host, port);
+    }
+    return found.wait_until(deadline) == std::future_status::ready ? found.get() : nullptr;
+}
+
+/** The server's connection before it is made. */
+ServerConnection::Ptr create(http_addrlist_t *addresses)
+{
+    return ServerConnection::Ptr(httpConnect2(cupsServer(), ippPort(), addresses, AF_UNSPEC,
                                               cupsEncryption(), Blocking, NotYet, nullptr));
 }
 } // namespace
@@ -120,7 +167,10 @@ Ptr open(Question question)
         sharedTime.isInForce() ? sharedTime.deadline : freshDeadline(question);
     if (isOver(deadline))
         return nullptr;
-    Ptr http = create();
+    const Addresses addresses = addressesOfServer(deadline);
+    if (!addresses)
+        return nullptr;
+    Ptr http = create(addresses.get());
     if (!http)
         return nullptr;
     Watchdog::instance().watch(http.get(), deadline);
@@ -134,8 +184,11 @@ Ptr open(Question question)
 void close(http_t *http)
 {
     Watchdog::instance().forget(http);
+    const bool hadCredentials = httpGetAuthString(http);
     forgetCredentials(http);
     httpClose(http);
+    if (hadCredentials)
+        wipeStack();
 }
 
 bool isTimeOver(http_t *http)
@@ -162,13 +215,14 @@ Upload::~Upload()
 UserTime::UserTime(http_t *http)
     : m_http(http)
 {
-    Watchdog::instance().postpone(m_http, Clock::time_point::max());
+    if (m_http)
+        Watchdog::instance().postpone(m_http, Clock::time_point::max());
 }
 
 UserTime::~UserTime()
 {
     sharedTime.deadline = freshDeadline();
-    if (Watchdog::instance().postpone(m_http, sharedTime.deadline))
+    if (m_http && Watchdog::instance().postpone(m_http, sharedTime.deadline))
         limitWaits(m_http);
 }
 

@@ -1,10 +1,15 @@
 #include "Watchdog.h"
 
+#include "SignalsElsewhere.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
-#include <csignal>
+#include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -21,24 +26,6 @@ constexpr auto Pause = 20ms;
 
 /** How often a file that is being sent is looked at in the time that it may stand still. */
 constexpr int LooksAtFile = 15;
-
-/** While it lives, this thread and those that it starts take no signals. */
-class SignalsElsewhere
-{
-public:
-    SignalsElsewhere()
-    {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &m_before);
-    }
-    SignalsElsewhere(const SignalsElsewhere &) = delete;
-    SignalsElsewhere &operator=(const SignalsElsewhere &) = delete;
-    ~SignalsElsewhere() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
-
-private:
-    sigset_t m_before;
-};
 
 /** A descriptor of its own for what `descriptor` stands for at this moment. */
 class Duplicate
@@ -87,6 +74,31 @@ bool isConnectedTo(int socket, http_addr_t *address)
     return address && getpeername(socket, &peer.addr, &size) == 0 && isEqual(peer, *address);
 }
 
+bool isConnecting(int socket)
+{
+    tcp_info info = {};
+    socklen_t size = sizeof info;
+    return getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) == 0 &&
+           info.tcpi_state == TCP_SYN_SENT;
+}
+
+/**
+ * Ends what the process is connecting to over the network. Of a connection that the library makes
+ * anew, for which it takes half a minute, nothing else can be seen.
+ */
+void endConnecting()
+{
+    DIR *const list = opendir("/proc/self/fd");
+    if (!list)
+        return;
+    while (const dirent *entry = readdir(list)) {
+        const Duplicate file(std::atoi(entry->d_name));
+        if (isConnecting(file.get()))
+            shutdown(file.get(), SHUT_RDWR);
+    }
+    closedir(list);
+}
+
 /**
  * The library may be connecting anew at this moment, on its own thread, and the descriptor may be
  * another file's already. Hence the look at what it is, at a duplicate that nobody else closes.
@@ -94,7 +106,9 @@ bool isConnectedTo(int socket, http_addr_t *address)
 void endExchange(http_t *http)
 {
     const Duplicate socket(httpGetFd(http));
-    if (socket.get() >= 0 && isConnectedTo(socket.get(), httpGetAddress(http)))
+    if (socket.get() < 0)
+        endConnecting();
+    else if (isConnectedTo(socket.get(), httpGetAddress(http)))
         shutdown(socket.get(), SHUT_RDWR);
 }
 } // namespace

@@ -1,12 +1,16 @@
 #include "CUPSManager.h"
 #include "Destinations.h"
+#include "OwnMemory.h"
 #include "PrintCommands.h"
 #include "PrinterOptions.h"
 #include "Requests.h"
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryFile>
 #include <QTest>
+
+#include <algorithm>
 
 /**
  * A server in another network, which the environment names (see run). What is done to it is read
@@ -38,6 +42,14 @@ CUPSPrinter printer(const char *name)
 QByteArray uriOf(const char *name)
 {
     return printer(name).attributes.uri.toUtf8();
+}
+
+/** What `lpoptions` lists of the driver of a printer. */
+QString optionsOf(const char *name)
+{
+    return u'\n' + PrintCommands::run(QStringLiteral("lpoptions"),
+                                      {QStringLiteral("-h"), server(), QStringLiteral("-p"),
+                                       QString::fromLatin1(name), QStringLiteral("-l")});
 }
 
 /** A request whose connection can be looked at. */
@@ -80,6 +92,7 @@ private slots:
     void serverIsTheConfiguredOne();
     void lists();
     void listingsAreAsTheServerWantsThem();
+    void setsADriver();
     void startsAPrinter();
     void changesAreAsTheServerWantsThem();
     void stopsAPrinter();
@@ -88,7 +101,10 @@ private slots:
     void printsAJob();
     void cancelsAJob();
     void opensTheDriver();
+    void choosesADriver();
+    void deletes();
     void asksForThePasswordOnce();
+    void passwordStaysNowhere();
 
 private:
     int m_questions = 0;
@@ -223,9 +239,64 @@ void TestCupsRemote::opensTheDriver()
     QVERIFY(options.openPPD());
 }
 
+/** A large one: the document goes again where the server wants a password or encryption. */
+void TestCupsRemote::setsADriver()
+{
+    QVERIFY(!optionsOf("Plain").contains(u"\nDuplex/"));
+    QFile sample(QStringLiteral(VESK_SAMPLE_PPD));
+    QVERIFY(sample.open(QIODevice::ReadOnly));
+    QTemporaryFile large;
+    QVERIFY(large.open());
+    large.write(sample.readAll());
+    large.write(QByteArray("*% A line that says nothing.\n").repeated(100'000));
+    large.close();
+    QVERIFY(_CUPS->setPrinterPPD(uriOf("Plain").constData(), large.fileName()));
+    QCOMPARE(IPPRequest::statusText(_CUPS->lastStatus()), QStringLiteral("OK"));
+    QVERIFY(optionsOf("Plain").contains(u"\nDuplex/"));
+}
+
+void TestCupsRemote::choosesADriver()
+{
+    const QString name = QStringLiteral("drv:///sample.drv/generic.ppd");
+    // A server whose list is new needs seconds for it: once is enough.
+    if (qEnvironmentVariableIsSet("VESK_REMOTE_DRIVERS")) {
+        const QList<DriverInfo> drivers = _CUPS->getPPDs("Generic");
+        QVERIFY(std::any_of(drivers.begin(), drivers.end(),
+                            [&](const DriverInfo &driver) { return driver.driverFile == name; }));
+    }
+    CUPSPrinter photo = printer("Photo");
+    photo.ppdName = name;
+    QVERIFY(_CUPS->modifyPrinter(photo));
+    QCOMPARE(IPPRequest::statusText(_CUPS->lastStatus()), QStringLiteral("OK"));
+    QCOMPARE(printer("Photo").attributes.modelInfo, QStringLiteral("Generic PostScript Printer"));
+}
+
+void TestCupsRemote::deletes()
+{
+    QVERIFY(_CUPS->deletePrinter(uriOf("Rejecting").constData()));
+    QVERIFY(_CUPS->deletePrinter(uriOf("Photo").constData()));
+    ClassInfo office;
+    QVERIFY(_CUPS->findClass(QStringLiteral("Office"), office));
+    QCOMPARE(office.memberNames, QStringList(QStringLiteral("Laser")));
+    QVERIFY(_CUPS->deleteClass(uriOf("Office").constData()));
+    QCOMPARE(told({QStringLiteral("-e")}), QStringLiteral("Laser\nPlain\nStopped\n"));
+}
+
 void TestCupsRemote::asksForThePasswordOnce()
 {
     QCOMPARE(m_questions, 1);
+}
+
+/** In the form in which it goes over the wire; the program itself keeps the password. */
+void TestCupsRemote::passwordStaysNowhere()
+{
+    const QByteArray changed("bl8weEq{[VOx[YP<");
+    QByteArray credentials = OwnMemory::changed(changed);
+    QCOMPARE(QByteArray::fromBase64(credentials), QByteArray("root:secret"));
+    // It is looked for in the right way.
+    QVERIFY(OwnMemory::count({changed}) > 0);
+    credentials.fill('\0');
+    QCOMPARE(OwnMemory::count({changed}), 0);
 }
 
 QTEST_GUILESS_MAIN(TestCupsRemote)

@@ -10,14 +10,19 @@
 #include <QScopedValueRollback>
 #include <QTest>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <netinet/in.h>
 #include <optional>
+#include <string>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 /** No wait for the server is endless. The limits are shortened here to a twentieth. */
 
@@ -28,6 +33,13 @@ constexpr int Shortening = 20;
 constexpr qint64 PromisedMs = 30'000 / Shortening + 2'000;
 
 using Call = std::function<void()>;
+
+FakeIppServer::Answer challenge()
+{
+    FakeIppServer::Answer answer = FakeIppServer::failure(401);
+    answer.headers = "WWW-Authenticate: Basic realm=\"CUPS\"\r\n";
+    return answer;
+}
 } // namespace
 
 class TestLimits : public QObject
@@ -62,6 +74,11 @@ private slots:
     void timeForThePasswordIsNotCounted();
     void patienceIsForAllConnections();
     void bothListsOfJobsHaveOneTime();
+    void slowAnswers_data();
+    void slowAnswers();
+    void slowAnswersWithAPassword();
+    void networkThatIsCutOff_data();
+    void networkThatIsCutOff();
     void patienceWithinPatience();
     void patienceThatIsSpent();
     void patienceStartsAnewAfterThePassword();
@@ -523,9 +540,7 @@ void TestLimits::timeForThePasswordIsNotCounted()
             usleep(static_cast<useconds_t>(limits.waitSeconds * 2e6));
             return FakeIppServer::ok(IppBytes::response());
         }
-        FakeIppServer::Answer challenge = FakeIppServer::failure(401);
-        challenge.headers = "WWW-Authenticate: Basic realm=\"CUPS\"\r\n";
-        return challenge;
+        return challenge();
     });
     IPPRequest request(0x4002);
     QVERIFY(request.send("/"));
@@ -550,25 +565,229 @@ void TestLimits::patienceIsForAllConnections()
     QVERIFY(ServerConnection::open());
 }
 
+namespace
+{
+/** Longer limits, for tests that measure how often they are used up: a busy machine is no matter.
+ */
+class LongerLimits
+{
+public:
+    LongerLimits()
+        : m_totalMs(ServerConnection::limits().totalMs, 3 * ServerConnection::limits().totalMs)
+    {
+        m_timer.start();
+    }
+    /** A little more than half of the time. */
+    static void answerSlowly()
+    {
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(ServerConnection::limits().totalMs * 6 / 10));
+    }
+    qint64 used() const { return m_timer.elapsed(); }
+    qint64 once() const { return ServerConnection::limits().totalMs * 17LL / 10; }
+
+private:
+    QScopedValueRollback<int> m_totalMs;
+    QElapsedTimer m_timer;
+};
+
+/** What a server answers that has two classes, with printer Laser in both. */
+QByteArray rightAnswer(const FakeIppServer::Request &request)
+{
+    IppBytes response = IppBytes::response();
+    if (request.operation() != IPP_OP_CUPS_GET_CLASSES &&
+        request.operation() != IPP_OP_GET_PRINTER_ATTRIBUTES)
+        return response;
+    for (const char *name : {"One", "Two"})
+        response = response.group(0x04)
+                       .name("printer-name", name)
+                       .name("member-names", "Laser")
+                       .uri("member-uris", "u");
+    return response;
+}
+} // namespace
+
 void TestLimits::bothListsOfJobsHaveOneTime()
 {
-    // Longer, so that a busy machine does not matter.
-    const QScopedValueRollback<int> limit(ServerConnection::limits().totalMs,
-                                          3 * ServerConnection::limits().totalMs);
-    const std::chrono::milliseconds total(ServerConnection::limits().totalMs);
-    m_server->setHandler([&](const FakeIppServer::Request &request) {
-        if (request.message.contains("ipp://localhost/"))
-            return FakeIppServer::silence();
-        std::this_thread::sleep_for(total * 3 / 4);
-        return FakeIppServer::ok(IppBytes::response(0x0406));
+    const LongerLimits limits;
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        LongerLimits::answerSlowly();
+        const bool isRoot = request.message.contains("ipp://localhost/");
+        return FakeIppServer::ok(IppBytes::response(isRoot ? 0 : 0x0406));
     });
+    QMap<int, JobInfo> out;
+    _CUPS->getJobsWithUris(out);
+    QCOMPARE(m_server->requestCount(), 2);
+    QVERIFY2(limits.used() < limits.once(), qPrintable(QString::number(limits.used())));
+    QCOMPARE(_CUPS->listingStatus(), CUPSManager::NoAnswer);
+}
+
+void TestLimits::slowAnswers_data()
+{
+    QTest::addColumn<Call>("call");
+    const auto row = [](const char *title, const Call &call) {
+        QTest::addRow("%s", title) << call;
+    };
+    row("startPrinter", [] { QVERIFY(!_CUPS->startPrinter("u")); });
+    row("stopPrinter", [] { QVERIFY(!_CUPS->stopPrinter("u")); });
+    row("modifyPrinter", [] {
+        CUPSPrinter printer;
+        printer.ppdName = QStringLiteral("driver");
+        QVERIFY(!_CUPS->modifyPrinter(printer));
+    });
+    row("deletePrinter", [] { QVERIFY(!_CUPS->deletePrinter("u")); });
+    row("deleteClass", [] { QVERIFY(!_CUPS->deleteClass("u")); });
+    row("findPrinter", [] {
+        CUPSPrinter found;
+        QVERIFY(!_CUPS->findPrinter(QStringLiteral("Laser"), found, false));
+    });
+}
+
+/** Every answer is right and in time, and all of them together are too late. */
+void TestLimits::slowAnswers()
+{
+    QFETCH(Call, call);
+    const LongerLimits limits;
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        LongerLimits::answerSlowly();
+        return FakeIppServer::ok(rightAnswer(request));
+    });
+    call();
+    QCOMPARE(m_server->requestCount(), 2);
+    QVERIFY2(limits.used() < limits.once(), qPrintable(QString::number(limits.used())));
+}
+
+/** To give the password that is known takes the user no time. */
+void TestLimits::slowAnswersWithAPassword()
+{
+    IPPRequest::setPasswordPrompt([](auto...) { return QStringLiteral("secret"); });
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        return request.headers.contains("authorization") ? FakeIppServer::ok(IppBytes::response())
+                                                         : challenge();
+    });
+    QVERIFY(IPPRequest(0x4002).send("/"));
+    m_server->takeRequests();
+
+    const LongerLimits limits;
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        LongerLimits::answerSlowly();
+        return request.headers.contains("authorization") ? FakeIppServer::ok(IppBytes::response())
+                                                         : challenge();
+    });
+    QVERIFY(!_CUPS->startPrinter("u"));
+    IPPRequest::setPasswordPrompt(nullptr);
+    QCOMPARE(m_server->requestCount(), 2);
+    QVERIFY2(limits.used() < limits.once(), qPrintable(QString::number(limits.used())));
+}
+
+namespace
+{
+/**
+ * A server in the network that accepts one connection, answers on it once, and is out of reach from
+ * then on: what the library sends in order to connect anew is lost.
+ */
+class CutOffServer
+{
+public:
+    explicit CutOffServer(QByteArray answer)
+        : m_answer(std::move(answer))
+    {
+        sockaddr_in address = loopback();
+        socklen_t size = sizeof address;
+        auto *const generic = reinterpret_cast<sockaddr *>(&address);
+        if (bind(m_listener, generic, size) != 0 || listen(m_listener, 0) != 0 ||
+            getsockname(m_listener, generic, &size) != 0)
+            qFatal("no server");
+        m_port = ntohs(address.sin_port);
+        m_thread = std::thread(&CutOffServer::serve, this);
+    }
+    CutOffServer(const CutOffServer &) = delete;
+    CutOffServer &operator=(const CutOffServer &) = delete;
+    ~CutOffServer()
+    {
+        shutdown(m_listener, SHUT_RDWR);
+        m_thread.join();
+        for (const int socket : m_crowd)
+            close(socket);
+        close(m_listener);
+    }
+    void use() const
+    {
+        cupsSetServer(("127.0.0.1:" + std::to_string(m_port)).c_str());
+        cupsSetEncryption(HTTP_ENCRYPTION_NEVER);
+    }
+
+private:
+    static sockaddr_in loopback()
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        return address;
+    }
+
+    void serve()
+    {
+        const int connection = accept(m_listener, nullptr, nullptr);
+        if (connection < 0)
+            return;
+        std::array<char, 4096> request;
+        if (recv(connection, request.data(), request.size(), 0) > 0) {
+            crowd();
+            send(connection, m_answer.constData(), static_cast<size_t>(m_answer.size()),
+                 MSG_NOSIGNAL);
+        }
+        if (!m_answer.isEmpty())
+            close(connection);
+        else
+            m_crowd.push_back(connection);
+    }
+
+    /** Nobody is accepted any more: with all places taken the kernel answers no one. */
+    void crowd()
+    {
+        sockaddr_in address = loopback();
+        address.sin_port = htons(m_port);
+        constexpr int MoreThanThereIsRoomFor = 8;
+        for (int i = 0; i < MoreThanThereIsRoomFor; ++i) {
+            m_crowd.push_back(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+            connect(m_crowd.back(), reinterpret_cast<sockaddr *>(&address), sizeof address);
+        }
+    }
+
+    const QByteArray m_answer;
+    const int m_listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    in_port_t m_port = 0;
+    std::vector<int> m_crowd;
+    std::thread m_thread;
+};
+} // namespace
+
+void TestLimits::networkThatIsCutOff_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<Call>("call");
+    const QByteArray redirect = "HTTP/1.1 302 Found\r\nLocation: /\r\nConnection: close\r\n"
+                                "Content-Length: 0\r\n\r\n";
+    const QByteArray half = "HTTP/1.1 200 OK\r\nContent-Type: application/ipp\r\n";
+    for (const auto &[title, call] : everyCall()) {
+        QTest::addRow("silence, %s", title) << QByteArray() << call;
+        QTest::addRow("redirection, %s", title) << redirect << call;
+        QTest::addRow("half an answer, %s", title) << half << call;
+    }
+}
+
+void TestLimits::networkThatIsCutOff()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(Call, call);
+    const CutOffServer server(answer);
+    server.use();
     QElapsedTimer timer;
     timer.start();
-    QMap<int, JobInfo> out;
-    QCOMPARE(_CUPS->getJobsWithUris(out), 0);
-    QCOMPARE(m_server->requestCount(), 2);
-    QVERIFY2(timer.elapsed() < (total * 3 / 2).count(),
-             qPrintable(QString::number(timer.elapsed())));
+    call();
+    cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
+    QVERIFY2(timer.elapsed() < PromisedMs, qPrintable(QString::number(timer.elapsed())));
 }
 
 namespace

@@ -1,3 +1,4 @@
+#include "Destinations.h"
 #include "FakeIppServer.h"
 #include "IPPRequest.h"
 #include "IppBytes.h"
@@ -71,6 +72,8 @@ private slots:
     void rootIsAskedOnce();
     void rootReusesAnUnconfirmedPassword();
     void callbackOutlivesTheRequest();
+    void libraryAsksBeforeAnyRequest();
+    void serverNamesAnotherUser();
 
 private:
     /** Answers the prompts that follow; a prompt beyond the list is cancelled. */
@@ -275,6 +278,40 @@ void TestRootPassword::callbackOutlivesTheRequest()
     QCOMPARE(cupsCancelJob2(http.get(), "Laser", 1, 0), IPP_STATUS_OK);
     QCOMPARE(m_asked.size(), 1);
     QCOMPARE(m_server->takeRequests().size(), 2);
+}
+
+/** As the print dialog does: what it asks for first is not a request of this program's own. */
+void TestRootPassword::libraryAsksBeforeAnyRequest()
+{
+    cupsSetPasswordCB2(nullptr, nullptr);
+    cupsSetUser(nullptr);
+    IPPRequest::setPasswordPrompt([this](const QString &title, const QString &label) {
+        m_asked.append({title, label});
+        return QStringLiteral("secret");
+    });
+    m_server->setHandler(letsIn("secret"));
+    Destinations::listWithoutDiscovery();
+    QCOMPARE(m_asked.size(), 1);
+    const auto requests = m_server->takeRequests();
+    QVERIFY(requests.size() > 1);
+    QCOMPARE(requests.at(1).headers.value("authorization"),
+             "Basic " + QByteArray("root:secret").toBase64());
+}
+
+void TestRootPassword::serverNamesAnotherUser()
+{
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        if (request.headers.value("authorization").startsWith("Basic "))
+            return FakeIppServer::ok(IppBytes::response());
+        FakeIppServer::Answer answer = FakeIppServer::failure(401);
+        answer.headers = "WWW-Authenticate: Basic realm=\"CUPS\", username=\"alice\"\r\n";
+        return answer;
+    });
+    willType({QStringLiteral("secret")});
+    QVERIFY(sendOne());
+    QCOMPARE(m_server->takeRequests().constLast().headers.value("authorization"),
+             "Basic " + QByteArray("root:secret").toBase64());
+    QCOMPARE(cupsUser(), "root");
 }
 
 QTEST_GUILESS_MAIN(TestRootPassword)

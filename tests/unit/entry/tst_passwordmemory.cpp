@@ -2,10 +2,10 @@
 #include "FakeIppServer.h"
 #include "IPPRequest.h"
 #include "IppBytes.h"
+#include "OwnMemory.h"
 #include "PasswordPrompt.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -13,9 +13,7 @@
 
 #include <array>
 #include <csignal>
-#include <sys/mman.h>
 #include <sys/prctl.h>
-#include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -32,111 +30,32 @@ constexpr char character(size_t index)
     return static_cast<char>(Changed.at(index) ^ 1);
 }
 
-constexpr char FirstCharacter = character(0);
-
-/** Whether the password begins there, with characters of `width` bytes. */
-bool isAt(const char *place, size_t width)
+/** The password, and how that of root goes over the wire, both changed. */
+QList<QByteArray> changedTexts()
 {
-    if (*place != FirstCharacter)
-        return false;
-    for (size_t i = 0; i < Changed.size(); ++i) {
-        if (place[i * width] != character(i) || (width > 1 && place[i * width + 1] != '\0'))
-            return false;
+    QByteArray narrow;
+    QByteArray wide;
+    for (const char c : Changed) {
+        narrow += c;
+        wide += c;
+        wide += '\1';
     }
-    return true;
-}
-
-/** How the password of root goes over the wire, changed in the same way. */
-QByteArray changedCredentials()
-{
-    QByteArray text("root:");
-    for (size_t i = 0; i < Changed.size(); ++i)
-        text += character(i);
-    QByteArray encoded = text.toBase64();
-    text.fill('\0');
-    for (char &c : encoded)
-        c = static_cast<char>(c ^ 1);
-    return encoded;
-}
-
-/** Whether the credentials begin there, from the first character that depends on the password. */
-bool areAt(const char *place, const QByteArray &credentials)
-{
+    QByteArray credentials = "root:" + OwnMemory::changed(narrow);
+    QByteArray encoded = credentials.toBase64();
+    credentials.fill('\0');
+    // From the first character that depends on the password.
     constexpr qsizetype First = 7;
-    const char *const changed = credentials.constData();
-    for (qsizetype i = First; i < credentials.size(); ++i) {
-        if (place[i - First] != static_cast<char>(changed[i] ^ 1))
-            return false;
-    }
-    return true;
-}
-
-/** Memory that is not part of what is searched. */
-class Window
-{
-public:
-    Window()
-        : m_place(static_cast<char *>(mmap(nullptr, Size + Overlap, PROT_READ | PROT_WRITE,
-                                           MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)))
-    {
-    }
-    Window(const Window &) = delete;
-    Window &operator=(const Window &) = delete;
-    ~Window() { munmap(m_place, Size + Overlap); }
-
-    /** Shows the process's memory from there on; how many bytes of it. */
-    size_t show(quintptr address, size_t size)
-    {
-        const size_t wanted = std::min(size, Size + Overlap);
-        const iovec here = {m_place, wanted};
-        const iovec there = {reinterpret_cast<void *>(address), wanted};
-        const ssize_t count = process_vm_readv(getpid(), &here, 1, &there, 1, 0);
-        return count < 0 ? 0 : static_cast<size_t>(count);
-    }
-    const char *data() const { return m_place; }
-    bool isAt(quintptr address) const { return reinterpret_cast<quintptr>(m_place) == address; }
-
-    static constexpr size_t Size = 1 << 20;
-    static constexpr size_t Overlap = 64;
-
-private:
-    char *m_place;
-};
-
-int countIn(Window &window, const QByteArray &credentials, quintptr begin, quintptr end)
-{
-    int count = 0;
-    for (quintptr address = begin; address < end; address += Window::Size) {
-        const size_t size = window.show(address, end - address);
-        const char *place = window.data();
-        const char *const last =
-            place + std::min(Window::Size, size - std::min(size, Window::Overlap));
-        for (; place < last; ++place)
-            count += isAt(place, 1) || isAt(place, 2) || areAt(place, credentials);
-    }
-    return count;
+    const QByteArray changedEncoded = OwnMemory::changed(encoded.mid(First));
+    encoded.fill('\0');
+    return {narrow, wide, changedEncoded};
 }
 
 /** How often the password is in the memory that the process can write. */
 int occurrences()
 {
-    // What a sanitizer reserves for itself is terabytes.
-    constexpr quintptr Huge = 1 << 30;
     // Needed until the very end.
-    static const QByteArray &credentials = *new QByteArray(changedCredentials());
-    Window window;
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    if (!maps.open(QIODevice::ReadOnly))
-        return -1;
-    int count = 0;
-    for (const QByteArray &line : maps.readAll().split('\n')) {
-        const QList<QByteArray> range = line.left(line.indexOf(' ')).split('-');
-        const quintptr begin = range.value(0).toULongLong(nullptr, 16);
-        const quintptr end = range.value(1).toULongLong(nullptr, 16);
-        if (line.contains(" rw") && end - begin < Huge && !window.isAt(begin))
-            count += countIn(window, credentials, begin, end);
-    }
-    return count;
+    static const QList<QByteArray> &texts = *new QList<QByteArray>(changedTexts());
+    return OwnMemory::count(texts);
 }
 
 /** Lives longer than what is made when it is first used: looks once more when that has gone. */
