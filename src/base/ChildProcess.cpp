@@ -51,6 +51,7 @@ public:
         sigemptyset(&reset);
         sigaddset(&reset, SIGCHLD);
         sigaddset(&reset, SIGPIPE);
+        sigaddset(&reset, SIGXFSZ);
         posix_spawnattr_init(&m_attributes);
         posix_spawnattr_setsigdefault(&m_attributes, &reset);
         posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSIGDEF);

@@ -2,6 +2,7 @@
 
 #include "SystemPaths.h"
 
+#include <csignal>
 #include <fcntl.h>
 #include <string>
 #include <sys/stat.h>
@@ -32,6 +33,8 @@ namespace DiagnosticLog
 {
 Handle open(const char *fileName)
 {
+    // A log beyond the limit of file sizes is not written; by itself it would end the process.
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::string path = std::string(SystemPaths::logDirectory()) + '/' + fileName;
     // O_NONBLOCK: opening somebody's pipe of this name must not hang the program.
     const int descriptor = aboveStandardStreams(

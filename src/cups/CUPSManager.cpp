@@ -138,6 +138,18 @@ bool sendToPrinter(CUPSManager &manager, ipp_op_t operation, const char *uri)
     return manager.execute(request, AdminResource);
 }
 
+bool sendPrinter(CUPSManager &manager, const QByteArray &uri, const PrinterInfo &info)
+{
+    Requests::AddPrinter request;
+    request.addUri(PrinterUri, uri.constData(), Operation);
+    request.addUri("device-uri", toWire(info.localUri).constData(), Operation);
+    request.addInteger("printer-state", info.state, IPP_TAG_ENUM, Operation);
+    request.addBoolean("printer-is-accepting-jobs", info.acceptingJobs, Operation);
+    request.addText("printer-info", toWire(info.description).constData(), Operation);
+    request.addText("printer-location", toWire(info.location).constData(), Operation);
+    return manager.execute(request);
+}
+
 bool setPpdName(CUPSManager &manager, const QByteArray &uri, const QByteArray &ppdName)
 {
     Requests::AddPrinter request;
@@ -239,15 +251,20 @@ bool addJobs(CUPSManager &manager, IPPRequest &request, const char *resource,
     return true;
 }
 
-/** Sends the request and adds the printers of its response that pass; returns how `out` grew. */
-int addPrinters(CUPSManager &manager, Requests::GetPrinters &request,
+/** The printers of the answer; nothing where there is no answer, or nothing in it. */
+std::optional<QList<PrinterInfo>> listedPrinters(CUPSManager &manager,
+                                                 Requests::GetPrinters &request)
+{
+    const auto records = answerTo<PrinterInfo>(manager, request);
+    return records && ippFirstAttribute(request.response()) ? records : std::nullopt;
+}
+
+/** Adds the printers that pass, and marks the default; returns how `out` grew. */
+int addPrinters(CUPSManager &manager, const std::optional<QList<PrinterInfo>> &records,
                 QMap<QString, CUPSPrinter> &out, const char *filter)
 {
-    const ServerConnection::Patience patience;
-    const auto records = answerTo<PrinterInfo>(manager, request);
-    if (!records || !ippFirstAttribute(request.response()))
+    if (!records)
         return 0;
-
     CUPSPrinter defaultPrinter;
     manager.getDefaultPrinter(defaultPrinter);
     const qsizetype before = out.size();
@@ -289,19 +306,28 @@ bool CUPSManager::executeListing(IPPRequest &request, const char *resource)
 int CUPSManager::getPrinters(QMap<QString, CUPSPrinter> &out, int type, int mask,
                              const char *filter)
 {
-    Requests::GetPrinters request(type, mask);
-    return addPrinters(*this, request, out, filter);
+    const ServerConnection::Patience patience;
+    // Its connection is closed before the next one is opened: a server may serve one at a time.
+    const auto listed = [&] {
+        Requests::GetPrinters request(type, mask);
+        return listedPrinters(*this, request);
+    };
+    return addPrinters(*this, listed(), out, filter);
 }
 
 bool CUPSManager::findPrinter(const QString &name, CUPSPrinter &out, bool vendorOnly)
 {
-    // The list begins at the printer and ends there: all of a thousand printers with their
-    // attributes keep the user waiting.
-    Requests::GetPrinters request(0, 0);
-    request.addName("first-printer-name", toWire(name).constData(), IPP_TAG_OPERATION);
-    request.addInteger("limit", 1, IPP_TAG_INTEGER, IPP_TAG_OPERATION);
+    const ServerConnection::Patience patience;
+    const auto listed = [&] {
+        // The list begins at the printer and ends there: all of a thousand printers with their
+        // attributes keep the user waiting.
+        Requests::GetPrinters request(0, 0);
+        request.addName("first-printer-name", toWire(name).constData(), IPP_TAG_OPERATION);
+        request.addInteger("limit", 1, IPP_TAG_INTEGER, IPP_TAG_OPERATION);
+        return listedPrinters(*this, request);
+    };
     QMap<QString, CUPSPrinter> printers;
-    addPrinters(*this, request, printers,
+    addPrinters(*this, listed(), printers,
                 vendorOnly ? InstallationSettings::instance().vendorUpper : nullptr);
     const auto found = printers.constFind(name);
     if (found == printers.constEnd())
@@ -413,16 +439,8 @@ bool CUPSManager::setPrinterPPD(const char *uri, const QString &ppdFile)
 bool CUPSManager::modifyPrinter(const CUPSPrinter &printer)
 {
     const ServerConnection::Patience patience;
-    const PrinterInfo &info = printer.attributes;
-    const QByteArray uri = uriOf("printers", info.name);
-    Requests::AddPrinter request;
-    request.addUri(PrinterUri, uri.constData(), Operation);
-    request.addUri("device-uri", toWire(info.localUri).constData(), Operation);
-    request.addInteger("printer-state", info.state, IPP_TAG_ENUM, Operation);
-    request.addBoolean("printer-is-accepting-jobs", info.acceptingJobs, Operation);
-    request.addText("printer-info", toWire(info.description).constData(), Operation);
-    request.addText("printer-location", toWire(info.location).constData(), Operation);
-    if (!execute(request))
+    const QByteArray uri = uriOf("printers", printer.attributes.name);
+    if (!sendPrinter(*this, uri, printer.attributes))
         return false;
     if (printer.ppdName.isEmpty())
         return true;
@@ -487,10 +505,12 @@ int CUPSManager::getJobsWithUris(QMap<int, JobInfo> &out)
 {
     const ServerConnection::Patience patience;
     const qsizetype before = out.size();
-    Requests::GetJobs request;
-    const bool isAnswered = addJobs(*this, request, nullptr, out);
+    const auto addFromJobs = [&] {
+        Requests::GetJobs request;
+        return addJobs(*this, request, nullptr, out);
+    };
     // The scheduler of today knows no destination /jobs/, it lists all jobs under its root.
-    if (isAnswered && m_lastStatus == IPP_STATUS_ERROR_NOT_FOUND) {
+    if (addFromJobs() && m_lastStatus == IPP_STATUS_ERROR_NOT_FOUND) {
         IPPRequest rootRequest(IPP_OP_GET_JOBS);
         rootRequest.addUri(PrinterUri, "ipp://localhost/", Operation);
         addJobs(*this, rootRequest, "/", out);

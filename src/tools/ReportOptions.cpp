@@ -72,7 +72,8 @@ Bits are decimal, or hexadecimal after 0x: 0x1 classes, 0x4 black and white,
 0x8 colour, 0x10 both sides.
 
 The program's logs are truncated, as by every run, and then hold all attributes
-of the answers.
+of the answers to its own requests. Jobs without --uris and the default are
+asked for by the library, which logs nothing.
 
 Exit status: 0 printed, 1 the server did not answer or refused or the output
 could not be written, 2 wrong arguments, 3 the server has nothing of it.

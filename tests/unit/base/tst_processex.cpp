@@ -38,7 +38,8 @@ private slots:
     void limitEndsTheProgram();
     void limitLeavesTimelyProgramsAlone();
     void keepsTheStatusWhereChildrenAreIgnored();
-    void childIgnoresNoBrokenPipe();
+    void childIgnoresNoSignal_data();
+    void childIgnoresNoSignal();
 };
 
 namespace
@@ -216,10 +217,18 @@ void tst_ProcessEx::keepsTheStatusWhereChildrenAreIgnored()
     QVERIFY(after.sa_handler == SIG_IGN);
 }
 
-void tst_ProcessEx::childIgnoresNoBrokenPipe()
+void tst_ProcessEx::childIgnoresNoSignal_data()
 {
-    const SignalDisposition ignored(SIGPIPE, SIG_IGN);
-    const char *script = "kill -PIPE $$; exit 0";
+    QTest::addColumn<int>("signal");
+    QTest::newRow("broken pipe") << SIGPIPE;
+    QTest::newRow("file size") << SIGXFSZ;
+}
+
+void tst_ProcessEx::childIgnoresNoSignal()
+{
+    QFETCH(int, signal);
+    const SignalDisposition ignored(signal, SIG_IGN);
+    const QByteArray script = "ulimit -c 0; kill -" + QByteArray::number(signal) + " $$; exit 0";
     QCOMPARE(ProcessEx::execute(QByteArray("/bin/sh"), {"-c", script}), ProcessEx::DidNotExit);
 }
 

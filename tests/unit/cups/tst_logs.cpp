@@ -15,6 +15,7 @@
 #include <fcntl.h>
 #include <functional>
 #include <memory>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,6 +29,8 @@ const std::array LogNames = {"ipp_request.log", "ipp_printer.log", "ipp_driver.l
 constexpr char ClosedFile[] = "VESK_TEST_CLOSED";
 /** Set in a process whose logs are to be written to a full disk. */
 constexpr char FullDisk[] = "VESK_TEST_FULL_DISK";
+/** Set in a process that may not write to files, and is told so by a signal. */
+constexpr char NoFileSize[] = "VESK_TEST_NO_FILE_SIZE";
 
 QByteArray pathOf(int descriptor)
 {
@@ -176,6 +179,9 @@ void TestLogs::initTestCase()
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
     if (qEnvironmentVariableIsSet(FullDisk))
         fillDisk();
+    const rlimit none = {0, 0};
+    if (qEnvironmentVariableIsSet(NoFileSize))
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &none), 0);
 }
 
 void TestLogs::init()
@@ -285,7 +291,7 @@ void TestLogs::records()
     QCOMPARE(found.size(), count);
     QCOMPARE(found.constLast(), last);
     QCOMPARE(m_server->requestCount(), QTest::currentDataTag() == QByteArray("printers") ? 2 : 1);
-    if (qEnvironmentVariableIsSet(FullDisk))
+    if (qEnvironmentVariableIsSet(FullDisk) || qEnvironmentVariableIsSet(NoFileSize))
         QCOMPARE(std::fflush(nullptr), EOF);
 }
 
@@ -294,9 +300,9 @@ void TestLogs::logsThatCannotBeWrittenChangeNothing_data()
     QTest::addColumn<QString>("logFolder");
     QTest::addColumn<QStringList>("settings");
     const QString none;
-    QTest::addRow("disk full") << none
-                               << QStringList(QString::fromLatin1(FullDisk) +
-                                              QStringLiteral("=yes"));
+    const QString yes = QStringLiteral("=yes");
+    QTest::addRow("disk full") << none << QStringList(QString::fromLatin1(FullDisk) + yes);
+    QTest::addRow("no file size") << none << QStringList(QString::fromLatin1(NoFileSize) + yes);
     QTest::addRow("no folder") << QStringLiteral("/nonexistent") << QStringList();
     QTest::addRow("no files allowed") << QStringLiteral("/proc") << QStringList();
     QTest::addRow("no folder but a file") << QStringLiteral("/dev/null") << QStringList();
