@@ -3,9 +3,9 @@
 import os
 import subprocess
 
-from harness import server
-from harness.printing import PropertiesCase
-from harness.properties import ADVANCED
+from harness import place, server, widgets
+from harness.printing import PropertiesCase, pages_document
+from harness.properties import ADVANCED, GRAPHICS, TEXT
 from harness.waiting import until
 
 class DriverOptionsCase(PropertiesCase):
@@ -74,7 +74,6 @@ class Custom(DriverOptionsCase):
             self.assert_feature(number, "Custom%s True" % name, "%s\n/%s pop pop" % (value, name))
 
     def test_several_parameters(self):
-        # On its way to the printer the server drops such values, whoever sends them.
         properties = self.open_properties("Photo")
         self.set_custom(properties, "Screen", Ruling="150", Angle="22.5")
         self.set_custom(properties, "Picture Shift", " pt", Across="36.5", Up="72.25")
@@ -89,7 +88,32 @@ class Custom(DriverOptionsCase):
                          ["150", "22.500"])
         properties.close("OK")
         self.assert_saved(options)
-        self.print_with(options)
+        number, job = self.print_with(options)
+        # The system's client knows blanks only between the parameters.
+        self.assertEqual({name: job[name] for name in options}, {
+            "Screen": {"Ruling": "150,Angle=22.500"}, "Shift": {"Across": "36.500,Up=72.250"},
+            "Zoom": {"Factor": "2.000,Fixed=1.000"}})
+        self.assert_dropped(number, "Screen Standard", "Shift None", "Zoom None")
+
+    def test_several_parameters_from_the_client_alone(self):
+        path = self.file("pages.ps", pages_document(1))
+        both = {"Ruling": "150", "Angle": "22.500"}
+        for value, held in (("{Ruling=150 Angle=22.500}", both),
+                            ("'{Ruling=150 Angle=22.500}'", both),
+                            ("\\{Ruling=150\\ Angle=22.500\\}", both),
+                            ("{Ruling=150,Angle=22.500}", {"Ruling": "150,Angle=22.500"})):
+            with self.subTest(value):
+                server.command(place.CLIENT, "-P", "Photo", "-o", "Screen=" + value, path)
+                number, job = self.printed_job()
+                self.assertEqual(job["Screen"], held)
+                self.assert_dropped(number, "Screen Standard")
+
+    def assert_dropped(self, number, *features):
+        """The server gives its filters no collection, and so the defaults are printed."""
+        for feature in features:
+            keyword, default = feature.split()
+            self.assert_feature(number, feature, "/%s /%s pop pop" % (keyword, default))
+            self.assertNotIn("*Custom" + keyword, self.printed(number).decode())
 
     def test_page_size(self):
         properties = self.open_properties("Photo")
@@ -124,6 +148,62 @@ class Custom(DriverOptionsCase):
         number, job = self.print_with(options)
         self.assertEqual({name: job[name] for name in options}, options)
         self.assert_feature(number, "CustomSharpness True", "3.125\n/Sharpness pop pop")
+
+
+class Keyboard(DriverOptionsCase):
+    """No mouse is touched in the properties dialog."""
+
+    #: Seconds after which a text is taken for one that was typed too slowly.
+    PATIENCE = 3
+
+    def open_properties(self, destination):
+        self.start_printing(destination)
+        self.press_on(self.print_dialog, self.print_dialog.button("Properties..."), "space")
+        properties = self.properties_dialog()
+        for name in (TEXT, GRAPHICS, ADVANCED):
+            self.press_on(properties.window, properties.bar, "Right")
+            properties.wait_for_tab(name)
+        return properties
+
+    def press_on(self, window, widget, *keys):
+        window.tab_to(widget)
+        widgets.press(self.desktop, *keys)
+
+    def type_until(self, text, what, done):
+        """Types ahead until a row is found: a view forgets what was typed some time ago."""
+        def typed():
+            widgets.user(self.desktop, "type", "--delay", "1", "--", text)
+            try:
+                until(done, what, self.PATIENCE)
+            except AssertionError:
+                return False
+            return True
+        until(typed, what)
+
+    def choose_row(self, properties, option, text):
+        properties.window.tab_to(properties.tree)
+        self.type_until(text, "the row of " + option,
+                        lambda: properties.row(option).has(widgets.SELECTED))
+
+    def test_choice_and_boolean(self):
+        properties = self.open_properties("Laser")
+        self.choose_row(properties, "Density", "dens")
+        widgets.press(self.desktop, "Tab")
+        properties.page.find("list").wait_for(widgets.FOCUSED)
+        darkest = "Density: <Darkest>"
+        self.type_until("darkest", darkest, lambda: properties.row("Density").name == darkest)
+        self.choose_row(properties, "Save Toner", "save")
+        widgets.press(self.desktop, "Tab")
+        properties.radio("Off").wait_for(widgets.FOCUSED)
+        widgets.press(self.desktop, "Down")
+        properties.wait_for_row("Save Toner", "On")
+        widgets.press(self.desktop, "alt+o")
+        properties.wait_for_end()
+        options = {"Density": "Level5", "TonerSaving": "True"}
+        self.assert_saved({"Collate": "True", **options})
+        number, job = self.print_with(options)
+        self.assertEqual({name: str(job[name]) for name in options}, options)
+        self.assert_feature(number, "Density Level5", "<</TarvelSetup<</Density /Level5>>>>pop")
 
 
 class Conflict(DriverOptionsCase):

@@ -14,8 +14,10 @@ from .waiting import until
 #: The socket's path as the server itself knows it.
 LISTENS_AT = place.WORLD + "/var/run/cups/cups.sock"
 _PID = place.WORLD + "/var/run/cups/cupsd.pid"
+#: For an older version of the protocol the server leaves the collections out.
 _JOB_TEST = """{
     NAME "job"
+    VERSION 2.0
     OPERATION Get-Job-Attributes
     GROUP operation-attributes-tag
     ATTR charset attributes-charset utf-8
