@@ -1,28 +1,39 @@
 // ppd_tree_bench times PPD ROUNDS   times the option tree of a PPD and its editors
 // ppd_tree_bench memory PPD        tells what one open tree takes
 //
-// Prints its findings as JSON. The times end when the window is painted.
+// Prints its findings as JSON. The times end when the window is painted and all is at rest.
 
 #include "CupsHandles.h"
 #include "PPDOptionView.h"
 #include "PPDTreeView.h"
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <vector>
 
 namespace
 {
-constexpr int ChoiceListPage = 2;
+enum Page { BooleanPage = 1, ChoiceListPage = 2, CustomPage = 4 };
+/**
+ * All is at rest when nothing has happened for so long. The longest that something waits here is
+ * the 5 ms until the platform paints.
+ */
+constexpr std::chrono::milliseconds rest(25);
 
 [[noreturn]] void fail(const char *what)
 {
@@ -52,15 +63,62 @@ double processorTime()
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-/** The time that `work` takes until all that it caused is painted. */
+/** Knows when the last event was handled, be it a paint, a layout or a timer. */
+class Application : public QApplication
+{
+public:
+    Application(int &argc, char **argv)
+        : QApplication(argc, argv)
+    {
+        m_rest.setSingleShot(true);
+        m_rest.setInterval(rest);
+        QObject::connect(&m_rest, &QTimer::timeout, &m_loop, &QEventLoop::quit);
+        m_clock.start();
+    }
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        const bool handled = QApplication::notify(receiver, event);
+        if (m_loop.isRunning() && receiver != &m_rest && receiver != &m_loop)
+            noteWork();
+        return handled;
+    }
+    Time now() const
+    {
+        return {static_cast<double>(m_clock.nsecsElapsed()) / 1e6, processorTime()};
+    }
+    /** Handles events until there are no more. Returns when the last one was handled. */
+    Time workUntilRest()
+    {
+        noteWork();
+        m_loop.exec();
+        return m_last;
+    }
+
+private:
+    void noteWork()
+    {
+        m_last = now();
+        m_rest.start();
+    }
+
+    QElapsedTimer m_clock;
+    QTimer m_rest;
+    QEventLoop m_loop;
+    Time m_last{};
+};
+
+Application &application()
+{
+    return static_cast<Application &>(*QCoreApplication::instance());
+}
+
+/** The time that `work` takes until all that it caused is laid out and painted. */
 template <typename Work> Time timed(Work work)
 {
-    QElapsedTimer timer;
-    timer.start();
-    const double before = processorTime();
+    const Time before = application().now();
     work();
-    QCoreApplication::processEvents();
-    return {static_cast<double>(timer.nsecsElapsed()) / 1e6, processorTime() - before};
+    const Time after = application().workUntilRest();
+    return {after.wall - before.wall, after.processor - before.processor};
 }
 
 /** The tree and the editors side by side, as on the page of driver options. */
@@ -79,7 +137,7 @@ public:
         connect(&m_pane, &PPDOptionView::optionChanged, &m_tree, &PPDTreeView::checkConstraints);
         resize(800, 600);
         show();
-        QCoreApplication::processEvents();
+        application().workUntilRest();
     }
     PPDTreeView &tree() { return m_tree; }
     QStackedWidget &editors() { return *m_pane.findChild<QStackedWidget *>(); }
@@ -101,26 +159,72 @@ struct Times {
     std::vector<Time> open;
     std::vector<Time> build;
     std::vector<Time> select;
+    std::vector<Time> boolean;
     std::vector<Time> change;
+    std::vector<Time> custom;
 };
 
-/**
- * Makes the next choice of the list and takes it back. A choice that conflicts is left out: it
- * would wait for the answer to the warning.
- */
-void timeChange(QListWidget &list, const PPDTree::OptionItem &row, const QString &path,
-                std::vector<Time> &times)
+/** A choice that conflicts is left out: it would wait for the answer to the warning. */
+bool wouldConflict(const PPDTree::OptionItem &row, int choice, const QString &path)
+{
+    const Cups::PpdPtr trial = opened(path);
+    ppdMarkOption(trial.get(), row.m_option->keyword, row.m_option->choices[choice].choice);
+    return ppdConflicts(trial.get()) > 0;
+}
+
+/** Makes another choice of the list and takes it back. */
+void timeList(QListWidget &list, const PPDTree::OptionItem &row, const QString &path,
+              std::vector<Time> &times)
 {
     const int current = list.currentRow();
     const int other = current == 0 ? 1 : 0;
-    if (current < 0 || list.count() < 2)
-        return;
-    const Cups::PpdPtr trial = opened(path);
-    ppdMarkOption(trial.get(), row.m_option->keyword, row.m_option->choices[other].choice);
-    if (ppdConflicts(trial.get()) > 0)
+    if (current < 0 || list.count() < 2 || wouldConflict(row, other, path))
         return;
     times.push_back(timed([&] { list.setCurrentRow(other); }));
     times.push_back(timed([&] { list.setCurrentRow(current); }));
+}
+
+/** Chooses the custom value, edits its numbers and takes the choice back. */
+void timeCustom(const QWidget &page, const PPDTree::OptionItem &row, const QString &path,
+                std::vector<Time> &times)
+{
+    auto &list = *page.findChild<QListWidget *>();
+    const int current = list.currentRow();
+    int custom = 0;
+    while (std::strcmp(row.m_option->choices[custom].choice, "Custom") != 0)
+        ++custom;
+    if (current == custom || wouldConflict(row, custom, path))
+        return;
+    times.push_back(timed([&] { list.setCurrentRow(custom); }));
+    for (QAbstractSpinBox *number : page.findChildren<QAbstractSpinBox *>())
+        times.push_back(timed([&] { number->stepUp(); }));
+    times.push_back(timed([&] { list.setCurrentRow(current); }));
+}
+
+/** Clicks the button that is not checked, and then the other. */
+void timeButtons(const QWidget &page, const PPDTree::OptionItem &row, const QString &path,
+                 std::vector<Time> &times)
+{
+    const auto buttons = page.findChildren<QAbstractButton *>();
+    const int current = buttons[0]->isChecked() ? 0 : 1;
+    if (row.m_option->num_choices != 2 || wouldConflict(row, 1 - current, path))
+        return;
+    times.push_back(timed([&] { buttons[1 - current]->click(); }));
+    times.push_back(timed([&] { buttons[current]->click(); }));
+}
+
+void timeChange(const QStackedWidget &editors, const PPDTree::OptionItem &row, const QString &path,
+                Times &times)
+{
+    QWidget &page = *editors.currentWidget();
+    switch (editors.currentIndex()) {
+    case BooleanPage:
+        return timeButtons(page, row, path, times.boolean);
+    case ChoiceListPage:
+        return timeList(dynamic_cast<QListWidget &>(page), row, path, times.change);
+    case CustomPage:
+        return timeCustom(page, row, path, times.custom);
+    }
 }
 
 void timeRows(Window &window, const QString &path, Times &times)
@@ -129,11 +233,9 @@ void timeRows(Window &window, const QString &path, Times &times)
     appendLeaves(window.tree().topLevelItem(0), leaves);
     for (QTreeWidgetItem *leaf : leaves) {
         times.select.push_back(timed([&] { window.tree().setCurrentItem(leaf); }));
-        QStackedWidget &editors = window.editors();
-        if (editors.currentIndex() != ChoiceListPage || !editors.isEnabled())
-            continue;
-        timeChange(*qobject_cast<QListWidget *>(editors.currentWidget()),
-                   *dynamic_cast<PPDTree::OptionItem *>(leaf), path, times.change);
+        const auto *row = dynamic_cast<PPDTree::OptionItem *>(leaf);
+        if (row && window.editors().isEnabled())
+            timeChange(window.editors(), *row, path, times);
     }
 }
 
@@ -165,7 +267,9 @@ void benchTimes(const QString &path, int rounds)
     print("open", times.open, ", ");
     print("build", times.build, ", ");
     print("select", times.select, ", ");
-    print("change", times.change, "}\n");
+    print("boolean", times.boolean, ", ");
+    print("change", times.change, ", ");
+    print("custom", times.custom, "}\n");
 }
 
 /** The kilobytes that this process has for itself. */
@@ -188,7 +292,7 @@ void benchMemory(const QString &path)
     const Cups::PpdPtr ppd = opened(path);
     const long withPpd = privateMemory();
     window.tree().setPPD(ppd.get());
-    QCoreApplication::processEvents();
+    application().workUntilRest();
     const long after = privateMemory();
     window.tree().setPPD(nullptr);
     std::printf("{\"empty\": %ld, \"ppd\": %ld, \"tree\": %ld}\n", before, withPpd - before,
@@ -198,7 +302,7 @@ void benchMemory(const QString &path)
 
 int main(int argc, char **argv)
 {
-    const QApplication application(argc, argv);
+    const Application bench(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     const QString mode = arguments.value(1);
     const int rounds = arguments.value(3).toInt();

@@ -15,14 +15,16 @@ from ppd_archive import Archive  # noqa: E402
 _PROGRAM = os.path.join(PROGRAMS, "ppd_tree_bench")
 _ROUNDS = 20
 #: Milliseconds.
-_LIMITS = {"build": 50.0, "select": 16.0, "change": 16.0}
+_LIMITS = {"build": 50.0, "select": 16.0, "boolean": 16.0, "change": 16.0, "custom": 16.0}
 #: For the PPD and its tree, in kB.
 _MEMORY_LIMIT = 20_000
 _NAMES = {
     "open": "libcups alone: the PPD opened, its defaults marked",
     "build": "the tree built and painted",
     "select": "a row selected, its editor painted",
-    "change": "a choice changed, conflicts checked, painted",
+    "boolean": "a choice of two changed, conflicts checked, painted",
+    "change": "a choice of a list changed, conflicts checked, painted",
+    "custom": "a custom size chosen and edited, conflicts checked, painted",
 }
 
 
