@@ -205,6 +205,24 @@ class Keyboard(DriverOptionsCase):
         self.assertEqual({name: str(job[name]) for name in options}, options)
         self.assert_feature(number, "Density Level5", "<</TarvelSetup<</Density /Level5>>>>pop")
 
+    def test_custom_values(self):
+        properties = self.open_properties("Photo")
+        self.choose_row(properties, "Sharpness", "sharp")
+        widgets.press(self.desktop, "Tab")
+        properties.page.find("list").wait_for(widgets.FOCUSED)
+        self.type_until("cust", "the custom value",
+                        lambda: properties.row("Sharpness").name == "Sharpness: <Custom>")
+        amount = properties.field("Amount")
+        self.press_on(properties.window, amount, "ctrl+a", "3", "period", "1", "2", "5")
+        until(lambda: amount.text == "3.125", "the typed number")
+        widgets.press(self.desktop, "alt+o")
+        properties.wait_for_end()
+        options = {"Sharpness": "Custom.3.125"}
+        self.assert_saved(options)
+        number, job = self.print_with(options)
+        self.assertEqual(job["Sharpness"], options["Sharpness"])
+        self.assert_feature(number, "CustomSharpness True", "3.125\n/Sharpness pop pop")
+
 
 class Conflict(DriverOptionsCase):
     WARNING = ("You selected options that are in conflict. Try to resolve the\n"

@@ -600,6 +600,16 @@ void TestPPDOptionView::tabLeadsThroughTheEditors()
              u"m_valuesListWidget m_widthSpinBox m_heightSpinBox m_unitsComboBox after"_s);
     pane.select("Dozen");
     QCOMPARE(visited(), u"choices after"_s);
+    for (const char *keyword : {"AReal", "AString", "AnInt"}) {
+        pane.select(keyword);
+        QTest::keyClick(only<QListWidget>(*pane.custom), Qt::Key_End);
+        auto *spinBox = pane.custom->findChild<QAbstractSpinBox *>();
+        auto *field = spinBox ? spinBox : static_cast<QWidget *>(only<QLineEdit>(*pane.custom));
+        field->setObjectName(u"field"_s);
+        QCOMPARE(visited(), u"m_valuesListWidget field after"_s);
+    }
+    pane.select("Dozen");
+    QCOMPARE(visited(), u"choices after"_s);
     pane.view.setParent(nullptr);
 }
 

@@ -64,6 +64,7 @@ private slots:
 
     void helpByButtonAndKey();
     void keysLeadThroughATab();
+    void keysLeadThroughCustomValues();
     void arrowsChooseInAGroup();
     void cancelSavesNothing();
 
@@ -824,6 +825,25 @@ void TestPropertiesDialog::keysLeadThroughATab()
     child<QWidget>(*dialog, "PortraitRadio")->setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
     QCOMPARE(child<QTabWidget>(*dialog, "TabControl")->currentIndex(), 1);
+}
+
+void TestPropertiesDialog::keysLeadThroughCustomValues()
+{
+    const auto dialog = open(u"Photo"_s);
+    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+    auto *tree = child<QWidget>(*dialog, "ppdTreeView");
+    turnTo(tree);
+    tree->setFocus();
+    QTest::keyClicks(tree, u"sharp"_s);
+    QTest::keyClick(tree, Qt::Key_Tab);
+    QTest::keyClicks(QApplication::focusWidget(), u"cust"_s);
+    QStringList visited;
+    for (int i = 0; i < 2; ++i) {
+        visited.append(QApplication::focusWidget()->accessibleName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(visited, QStringList({u"Sharpness"_s, u"Amount"_s}));
+    QCOMPARE(QApplication::focusWidget()->objectName(), u"HelpButton"_s);
 }
 
 void TestPropertiesDialog::arrowsChooseInAGroup()
