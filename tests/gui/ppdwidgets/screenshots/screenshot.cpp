@@ -26,6 +26,22 @@ void mark(ppd_file_t *ppd, const QString &text)
     const QByteArray choice = text.section(QLatin1Char('='), 1).toLatin1();
     ppdMarkOption(ppd, keyword.constData(), choice.constData());
 }
+PPDTree::OptionItem *optionRow(const PPDTreeView &tree, const QString &keyword)
+{
+    return dynamic_cast<PPDTree::OptionItem *>(tree.m_dict.value(keyword));
+}
+
+/** A row of a number beside the option's. No PPD leads to one. */
+QTreeWidgetItem *addNumber(ppd_file_t *ppd, const PPDTree::OptionItem &option)
+{
+    auto *number = new PPDTree::NumericalItem(
+        ppd, option.m_option, dynamic_cast<PPDTree::BaseItem *>(option.QTreeWidgetItem::parent()));
+    number->m_isReal = true;
+    number->m_min = -0.5;
+    number->m_max = 2;
+    number->setValue(1.25);
+    return number;
+}
 } // namespace
 
 int main(int argc, char **argv)
@@ -35,9 +51,11 @@ int main(int argc, char **argv)
     const QCommandLineOption marks = option("mark", "An option to mark.", "keyword=choice");
     const QCommandLineOption current = option("select", "The option to select.", "keyword");
     const QCommandLineOption close = option("close", "An option whose group to close.", "keyword");
+    const QCommandLineOption number =
+        option("number", "An option to show and select as a number.", "keyword");
     const QCommandLineOption width = option("width", "Width of the window.", "pixels");
     QCommandLineParser parser;
-    Screenshot::readCommandLine(parser, {driver, marks, current, close, width});
+    Screenshot::readCommandLine(parser, {driver, marks, current, close, number, width});
 
     const Cups::PpdPtr ppd = openDriver(parser.value(driver));
     for (const QString &text : parser.values(marks))
@@ -57,6 +75,8 @@ int main(int argc, char **argv)
         tree.setCurrentItem(row);
     if (QTreeWidgetItem *row = tree.m_dict.value(parser.value(close)))
         row->parent()->setExpanded(false);
+    if (const PPDTree::OptionItem *row = optionRow(tree, parser.value(number)))
+        tree.setCurrentItem(addNumber(ppd.get(), *row));
     window.resize(parser.isSet(width) ? parser.value(width).toInt() : 760, 560);
     window.setSizes({window.width() * 3 / 5, window.width() * 2 / 5});
     return Screenshot::take(window, parser);
