@@ -1,8 +1,8 @@
 #include "PPDCustomView.h"
 
+#include "ChoiceDelegate.h"
 #include "CustomPageSizeView.h"
 #include "EditorText.h"
-#include "IsolatedText.h"
 #include "Param.h"
 #include "ui_PPDCustomView.h"
 
@@ -80,7 +80,7 @@ PPDCustomView::PPDCustomView(QWidget *parent)
 {
     m_ui->setupUi(this);
     m_ui->m_valuesListWidget->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_ui->m_valuesListWidget->setItemDelegate(new IsolatedTextDelegate(m_ui->m_valuesListWidget));
+    m_ui->m_valuesListWidget->setItemDelegate(new ChoiceDelegate(m_ui->m_valuesListWidget));
     connect(m_ui->m_valuesListWidget, &QListWidget::currentItemChanged, this,
             &PPDCustomView::currentChanged);
 }

@@ -1,7 +1,7 @@
 #include "PPDOptionView.h"
 
+#include "ChoiceDelegate.h"
 #include "EditorText.h"
-#include "IsolatedText.h"
 #include "PPDBooleanView.h"
 #include "PPDCustomView.h"
 #include "PPDNumericView.h"
@@ -75,7 +75,7 @@ PPDOptionView::PPDOptionView(QWidget *parent)
 {
     addPages();
     m_choiceList->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_choiceList->setItemDelegate(new IsolatedTextDelegate(m_choiceList));
+    m_choiceList->setItemDelegate(new ChoiceDelegate(m_choiceList));
     connect(m_customView, &PPDCustomView::choiceChanged, this, &PPDOptionView::customChanged);
     connect(m_booleanView, &PPDBooleanView::valueChanged, this, &PPDOptionView::selectionChanged);
     connect(m_choiceList, &QListWidget::currentRowChanged, this, &PPDOptionView::selectionChanged);
