@@ -120,7 +120,11 @@ const char *passwordCallback(const char *prompt, http_t *http, const char *, con
     IPPRequest::useRootAuthentication();
     noticeRefusal(state);
     const QScopedValueRollback<http_t *> challenged(state.challenged, http);
-    return IPPRequest::rootPasswordCallback(prompt);
+    const char *const password = IPPRequest::rootPasswordCallback(prompt);
+    // Who cancels would be asked again at once by whatever else the same action needs.
+    if (!password)
+        ServerConnection::giveUp();
+    return password;
 }
 
 /** A fixed buffer that is filled piece by piece; what does not fit is cut off. */

@@ -56,6 +56,7 @@ void limitWaits(http_t *http)
 struct SharedTime {
     int scopes = 0;
     Clock::time_point deadline;
+    bool isGivenUp = false;
 
     bool isInForce() const { return scopes > 0; }
 };
@@ -196,6 +197,12 @@ bool isTimeOver(http_t *http)
     return isOver(Watchdog::instance().deadline(http));
 }
 
+void giveUp()
+{
+    sharedTime.deadline = Clock::now();
+    sharedTime.isGivenUp = true;
+}
+
 unsigned openings()
 {
     return openingCount;
@@ -228,7 +235,15 @@ UserTime::~UserTime()
 
 Patience::Patience()
 {
-    if (sharedTime.scopes++ == 0)
+    if (sharedTime.scopes++ != 0)
+        return;
+    sharedTime.deadline = freshDeadline();
+    sharedTime.isGivenUp = false;
+}
+
+void Patience::goOn()
+{
+    if (std::exchange(sharedTime.isGivenUp, false))
         sharedTime.deadline = freshDeadline();
 }
 

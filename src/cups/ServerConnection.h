@@ -73,7 +73,15 @@ public:
     ~Patience();
     Patience(const Patience &) = delete;
     Patience &operator=(const Patience &) = delete;
+    /** After the user has given up: new time, for what is to be done even so. */
+    void goOn();
 };
+
+/**
+ * The user does not want to go on with what has been asked for: the time of this thread's Patience,
+ * if there is one, is over.
+ */
+void giveUp();
 
 /** How many connections `open` has opened so far. */
 unsigned openings();

@@ -325,10 +325,12 @@ void PrintDialog::EditProperties()
 
 void PrintDialog::StartPrinter()
 {
-    const Patience patience;
+    Patience patience;
     const QString uri = lookUp(queueOf(m_destination)).uri;
     if (!uri.isEmpty())
         _CUPS->startPrinter(uri.toUtf8().constData());
+    // Who has cancelled the question for the password is to see the state, too.
+    patience.goOn();
     updatePrinterControls();
 }
 

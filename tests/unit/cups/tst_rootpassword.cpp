@@ -3,6 +3,7 @@
 #include "IPPRequest.h"
 #include "IppBytes.h"
 #include "LogTail.h"
+#include "ServerConnection.h"
 
 #include <QTest>
 
@@ -74,6 +75,7 @@ private slots:
     void callbackOutlivesTheRequest();
     void libraryAsksBeforeAnyRequest();
     void serverNamesAnotherUser();
+    void cancelEndsTheAction();
 
 private:
     /** Answers the prompts that follow; a prompt beyond the list is cancelled. */
@@ -312,6 +314,19 @@ void TestRootPassword::serverNamesAnotherUser()
     QCOMPARE(m_server->takeRequests().constLast().headers.value("authorization"),
              "Basic " + QByteArray("root:secret").toBase64());
     QCOMPARE(cupsUser(), "root");
+}
+
+void TestRootPassword::cancelEndsTheAction()
+{
+    m_server->setHandler(letsIn("secret"));
+    {
+        const ServerConnection::Patience action;
+        QVERIFY(!sendOne());
+        QVERIFY(!sendOne());
+        QCOMPARE(m_asked.size(), 1);
+    }
+    QVERIFY(!sendOne());
+    QCOMPARE(m_asked.size(), 2);
 }
 
 QTEST_GUILESS_MAIN(TestRootPassword)

@@ -1,0 +1,62 @@
+"""A server that tells nobody anything without root's password: what is asked of it first, too."""
+
+import base64
+import os
+import socketserver
+import struct
+import threading
+
+from harness import place, widgets
+from test_password import TITLE, PasswordCase
+
+_EXPECTED = b"authorization: basic " + base64.b64encode(b"root:" + place.PASSWORD.encode()).lower()
+_NOTHING = struct.pack(">BBHiB", 2, 0, 0, 1, 3)
+
+
+class _Connection(socketserver.StreamRequestHandler):
+    """Answers with the challenge, or, to root with his password, with an empty success."""
+
+    def handle(self):
+        while True:
+            head = [line.strip().lower() for line in iter(self.rfile.readline, b"\r\n") if line]
+            if not head:
+                return
+            length = next((int(line.split(b":")[1]) for line in head
+                           if line.startswith(b"content-length:")), 0)
+            self.rfile.read(length)
+            body = _NOTHING if _EXPECTED in head else b""
+            first = (b"200 OK" if body else
+                     b"401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"CUPS\"")
+            self.wfile.write(b"HTTP/1.1 %s\r\nContent-Type: application/ipp\r\n"
+                             b"Content-Length: %d\r\n\r\n%s" % (first, len(body), body))
+
+
+class _Server(socketserver.ThreadingMixIn, socketserver.UnixStreamServer):
+    daemon_threads = True
+
+
+class Locked(PasswordCase):
+    def setUp(self):
+        super().setUp()
+        path = os.path.join(self.folder, "locked")
+        lock = _Server(path, _Connection)
+        self.addCleanup(lock.server_close)
+        threading.Thread(target=lock.serve_forever).start()
+        self.addCleanup(lock.shutdown)
+        self.asking_run = self.start(self.file(), environment={"CUPS_SERVER": path})
+
+    def assert_opens(self):
+        dialog = self.dialog(self.asking_run)
+        self.assertFalse(widgets.has_window(self.desktop, self.asking_run, TITLE))
+        self.assertEqual(dialog.destinations, [])
+        self.assert_cancels(dialog)
+
+    def test_cancelled(self):
+        # Once: nothing else of the same action asks again.
+        self.answer(self.prompt(), "Escape")
+        self.assert_opens()
+
+    def test_given(self):
+        self.answer(self.prompt(), "Return", text="wrong")
+        self.answer(self.prompt(), "Return", text=place.PASSWORD)
+        self.assert_opens()
