@@ -72,8 +72,8 @@ struct Authentication {
     Password password;
     /** A request has succeeded while a password was stored: answer with it without asking. */
     bool isConfirmed = false;
-    /** How many connections had been opened when the password was last given without asking. */
-    unsigned reusedAtOpening = 0;
+    /** How many connections had been opened when the password was last given; 0: never. */
+    unsigned givenAtOpening = 0;
     IPPRequest::PasswordPrompt prompt;
     /** The connection on which the server has asked, during the callback. */
     http_t *challenged = nullptr;
@@ -100,16 +100,16 @@ QString askForPassword()
 
 /**
  * A second challenge on one connection means that the server refused the stored password. It must
- * not be given again: the library would go on asking, and the server refusing, for ever.
+ * not be given again without a question: the library would go on asking, and the server refusing,
+ * for ever. A challenge on the next connection means that it was right on the last one: so are the
+ * requests of the library confirmed, which nobody tells about.
  */
 void noticeRefusal(Authentication &state)
 {
-    if (state.password.isNull() || !state.isConfirmed)
-        return;
     const unsigned opening = ServerConnection::openings();
-    if (state.reusedAtOpening == opening)
-        state.isConfirmed = false;
-    state.reusedAtOpening = opening;
+    if (!state.password.isNull() && state.givenAtOpening != 0)
+        state.isConfirmed = state.givenAtOpening != opening;
+    state.givenAtOpening = opening;
 }
 
 const char *passwordCallback(const char *prompt, http_t *http, const char *, const char *, void *)

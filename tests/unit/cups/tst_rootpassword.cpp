@@ -76,6 +76,7 @@ private slots:
     void libraryAsksBeforeAnyRequest();
     void serverNamesAnotherUser();
     void cancelEndsTheAction();
+    void libraryIsAnsweredWithoutAsking();
 
 private:
     /** Answers the prompts that follow; a prompt beyond the list is cancelled. */
@@ -275,8 +276,7 @@ void TestRootPassword::callbackOutlivesTheRequest()
     QVERIFY(sendOne());
     // A call of the library's own is let in with the same password.
     m_server->takeRequests();
-    const Cups::HttpPtr http(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
-                                          cupsEncryption(), 1, 1000, nullptr));
+    const ServerConnection::Ptr http = ServerConnection::open();
     QCOMPARE(cupsCancelJob2(http.get(), "Laser", 1, 0), IPP_STATUS_OK);
     QCOMPARE(m_asked.size(), 1);
     QCOMPARE(m_server->takeRequests().size(), 2);
@@ -327,6 +327,21 @@ void TestRootPassword::cancelEndsTheAction()
     }
     QVERIFY(!sendOne());
     QCOMPARE(m_asked.size(), 2);
+}
+
+void TestRootPassword::libraryIsAnsweredWithoutAsking()
+{
+    m_server->setHandler(letsIn("secret"));
+    willType({QStringLiteral("wrong"), QStringLiteral("secret")});
+    for (int i = 0; i < 3; ++i)
+        Destinations::listWithoutDiscovery();
+    QCOMPARE(m_asked.size(), 2);
+    // Another password from now on.
+    m_server->setHandler(letsIn("other"));
+    willType({QStringLiteral("other")});
+    for (int i = 0; i < 3; ++i)
+        Destinations::listWithoutDiscovery();
+    QCOMPARE(m_asked.size(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestRootPassword)
