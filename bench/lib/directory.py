@@ -14,6 +14,11 @@ _ROUNDS = {1: 40, 10: 40, 100: 30, 1000: 15, 5000: 9}
 _PEER = "cupsGetDests2"
 _CALLS = ("getPrinters", "findPrinter", "getClasses", "findClass")
 _TO_THE_PEER = 1.5
+#: From so many queues on, what a further one costs can be told from the noise.
+_MANY = 1000
+_NOT_MORE_FOR_EACH = 1.3
+#: A cost that grows by less than this part of it does not depend on the queues.
+_FLAT = 0.5
 
 
 def measure(factor):
@@ -46,10 +51,15 @@ def _growth(found, name, queues):
     if not smaller:
         return "", "", True
     before = smaller[-1]
-    now, then = (statistics.median(found[number][name]) for number in (queues, before))
+    now, then, first = (statistics.median(found[number][name])
+                        for number in (queues, before, smaller[0]))
     linear = queues / before
-    return ("%.2f, queues by %.0f" % (now / then, linear),
-            _further(now - then, queues - before), now / then <= linear)
+    # The classes are a part of the cost that does not grow: what more queues add is compared, too.
+    added, added_before = (now - then) / (queues - before), (then - first) / max(1, before - smaller[0])
+    is_flat = now - then <= _FLAT * then
+    is_linear = now / then <= linear and (
+        before < _MANY or is_flat or added <= _NOT_MORE_FOR_EACH * added_before)
+    return "%.2f, queues by %.0f" % (now / then, linear), _further(now - then, queues - before), is_linear
 
 
 def _further(milliseconds, queues):

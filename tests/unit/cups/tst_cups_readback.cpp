@@ -463,11 +463,12 @@ void TestCupsReadback::deletesAPrinter()
     makeQueue("Doomed");
     makeQueue("Staying");
     for (const char *command : {"lpadmin -p Doomed -c Office", "lpadmin -p Doomed -c Several",
-                                "lpadmin -p Staying -c Several", "lpadmin -p Doomed -c Alone"})
+                                "lpadmin -p Staying -c Several", "lpadmin -p Doomed -c Alone",
+                                "cupsdisable Several", "cupsreject Several"})
         QVERIFY(!run(command).isNull());
     const int job = queueJob("Doomed", userFile());
     QVERIFY(job > 0);
-    writeFile(userFile(), m_saved + "Dest Doomed a=1\nDest Gone b=1\n");
+    writeFile(userFile(), m_saved + "Dest Doomed a=1\nDest Doomed/draft c=1\nDest Gone b=1\n");
     QVERIFY(run("lpoptions -p Doomed").contains(QStringLiteral("a=1")));
 
     QVERIFY(_CUPS->deletePrinter(printerUri("Doomed").toLatin1().constData()));
@@ -476,9 +477,11 @@ void TestCupsReadback::deletesAPrinter()
     QCOMPARE(told(classUri("Office")).value(text("member-names")), text("Laser,Photo"));
     QCOMPARE(told(classUri("Office")).value(text("printer-location")), text("First floor"));
     QCOMPARE(told(classUri("Several")).value(text("member-names")), text("Staying"));
+    QCOMPARE(toldState(classUri("Several")), text("stopped false"));
     QVERIFY(!lpstat("-c").contains(QStringLiteral("Doomed")));
     const QByteArray saved = readFile(userFile());
-    QVERIFY(!saved.contains("Doomed"));
+    // The instance is a destination of its own.
+    QVERIFY(!saved.contains("Dest Doomed a") && saved.contains("Dest Doomed/draft c=1\n"));
     QVERIFY(saved.contains("Dest Gone b=1\n") && saved.contains("Dest Laser/draft "));
 }
 
