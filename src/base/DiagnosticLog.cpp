@@ -27,14 +27,25 @@ int aboveStandardStreams(int descriptor)
     close(descriptor);
     return above;
 }
+/**
+ * What a log cannot hold for the limit of file sizes is not written; by itself that would end the
+ * process. A handler, unlike a signal that is ignored, is not handed down to other programs.
+ */
+void surviveSizeLimit()
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    sigaction(SIGXFSZ, &action, nullptr);
+}
 } // namespace
 
 namespace DiagnosticLog
 {
 Handle open(const char *fileName)
 {
-    // A log beyond the limit of file sizes is not written; by itself it would end the process.
-    std::signal(SIGXFSZ, SIG_IGN);
+    surviveSizeLimit();
     const std::string path = std::string(SystemPaths::logDirectory()) + '/' + fileName;
     // O_NONBLOCK: opening somebody's pipe of this name must not hang the program.
     const int descriptor = aboveStandardStreams(

@@ -493,7 +493,9 @@ int CUPSManager::getJobs(QMap<int, JobInfo> &out, const char *destination, bool 
         return 0;
     const qsizetype before = out.size();
     m_listingStatus = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_ACTIVE);
-    if (activeOnly || m_listingStatus == NoAnswer)
+    const bool isAnswered =
+        m_listingStatus != NoAnswer && m_listingStatus != IPP_STATUS_ERROR_NOT_AUTHENTICATED;
+    if (activeOnly || !isAnswered)
         return growth(before, out.size());
     const int status = addLibraryJobs(out, http.get(), destination, CUPS_WHICHJOBS_COMPLETED);
     if (m_listingStatus == IPP_STATUS_OK)

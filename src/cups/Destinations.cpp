@@ -93,15 +93,17 @@ bool isIn(const QList<SavedEntry> &entries, const cups_dest_t &destination)
     });
 }
 
-/** Gives `instance` the options of `queue` that it has not. */
-void addInherited(cups_dest_t &instance, const cups_dest_t &queue)
+/** Gives `instance` the options of `queue` that it has not; returns whether there are any. */
+bool addInherited(cups_dest_t &instance, const cups_dest_t &queue)
 {
+    const int before = instance.num_options;
     for (int i = 0; i < queue.num_options; ++i) {
         const cups_option_t &option = queue.options[i];
         if (!cupsGetOption(option.name, instance.num_options, instance.options))
             instance.num_options =
                 cupsAddOption(option.name, option.value, instance.num_options, &instance.options);
     }
+    return instance.num_options > before;
 }
 
 /**
@@ -111,15 +113,14 @@ void addInherited(cups_dest_t &instance, const cups_dest_t &queue)
  */
 bool fillLostInstances(Cups::DestinationArray &destinations)
 {
-    const QList<SavedEntry> kept = SavedOptionsFile::ofUser();
+    const QList<SavedEntry> kept = SavedOptionsFile::all();
     bool isChanged = false;
     for (cups_dest_t &destination : destinations) {
         if (!destination.instance || isIn(kept, destination))
             continue;
-        if (const cups_dest_t *queue = destinations.find(destination.name, nullptr)) {
-            addInherited(destination, *queue);
+        const cups_dest_t *queue = destinations.find(destination.name, nullptr);
+        if (queue && addInherited(destination, *queue))
             isChanged = true;
-        }
     }
     return isChanged;
 }

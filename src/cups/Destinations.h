@@ -62,7 +62,8 @@ Cups::DestinationArray named(const char *name, const char *instance);
 Cups::DestinationArray saved();
 
 /**
- * Writes the user's saved-options file with `cupsSetDests`. False when that fails.
+ * Writes the user's saved-options file with `cupsSetDests`. False when that fails, be it before the
+ * file is written or when what is missing in it is to be added.
  *
  * What the library does not write is gone: comments, lines of other kinds, an option that the
  * server has for the queue anyway, and an instance that has no other options, unless its queue has

@@ -72,8 +72,8 @@ struct Authentication {
     Password password;
     /** A request has succeeded while a password was stored: answer with it without asking. */
     bool isConfirmed = false;
-    /** How many connections had been opened when the password was last given; 0: never. */
-    unsigned givenAtOpening = 0;
+    /** How many connections had been opened when a challenge was last answered; 0: never. */
+    unsigned answeredAtOpening = 0;
     IPPRequest::PasswordPrompt prompt;
     /** The connection on which the server has asked, during the callback. */
     http_t *challenged = nullptr;
@@ -101,15 +101,18 @@ QString askForPassword()
 /**
  * A second challenge on one connection means that the server refused the stored password. It must
  * not be given again without a question: the library would go on asking, and the server refusing,
- * for ever. A challenge on the next connection means that it was right on the last one: so are the
- * requests of the library confirmed, which nobody tells about.
+ * for ever. Where the server let a request of the library in with it, it is confirmed as by one of
+ * this program's own.
  */
 void noticeRefusal(Authentication &state)
 {
-    const unsigned opening = ServerConnection::openings();
-    if (!state.password.isNull() && state.givenAtOpening != 0)
-        state.isConfirmed = state.givenAtOpening != opening;
-    state.givenAtOpening = opening;
+    const bool wasLetIn = ServerConnection::wasLetIn();
+    if (state.password.isNull())
+        return;
+    if (state.answeredAtOpening == ServerConnection::openings())
+        state.isConfirmed = false;
+    else if (wasLetIn)
+        state.isConfirmed = true;
 }
 
 const char *passwordCallback(const char *prompt, http_t *http, const char *, const char *, void *)
@@ -121,6 +124,7 @@ const char *passwordCallback(const char *prompt, http_t *http, const char *, con
     noticeRefusal(state);
     const QScopedValueRollback<http_t *> challenged(state.challenged, http);
     const char *const password = IPPRequest::rootPasswordCallback(prompt);
+    state.answeredAtOpening = ServerConnection::openings();
     // Who cancels would be asked again at once by whatever else the same action needs.
     if (!password)
         ServerConnection::giveUp();

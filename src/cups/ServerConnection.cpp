@@ -4,7 +4,6 @@
 #include "Watchdog.h"
 
 #include <array>
-#include <atomic>
 #include <chrono>
 #include <cstring>
 #include <future>
@@ -25,7 +24,8 @@ constexpr int NotYet = 0;
 /** For the waits that the library still starts on a connection that has been given up. */
 constexpr double LastWaitSeconds = 0.05;
 
-std::atomic<unsigned> openingCount = 0;
+thread_local unsigned openingCount = 0;
+thread_local bool isLetIn = false;
 
 bool isOver(Clock::time_point deadline)
 {
@@ -71,7 +71,7 @@ freshDeadline(ServerConnection::Question question = ServerConnection::Question::
 }
 
 /** Overwrites what follows `mark` in the memory, up to the end of that text or line. */
-void wipeAfter(std::string_view mark, char *memory, size_t size)
+void wipeAfterThis(std::string_view mark, char *memory, size_t size)
 {
     char *const end = memory + size;
     while (auto *found = static_cast<char *>(
@@ -80,6 +80,17 @@ void wipeAfter(std::string_view mark, char *memory, size_t size)
         while (memory < end && *memory != '\0' && *memory != '\r')
             *memory++ = 'x';
     }
+}
+
+/**
+ * The same, also where the mark has lost its first character: by that alone the library empties a
+ * text before it asks again.
+ */
+void wipeAfter(std::string mark, char *memory, size_t size)
+{
+    wipeAfterThis(mark, memory, size);
+    mark.front() = '\0';
+    wipeAfterThis(mark, memory, size);
 }
 
 void wipe(const char *text)
@@ -135,6 +146,8 @@ Addresses addressesOfServer(Clock::time_point deadline)
     const std::string port = std::to_string(ippPort());
     if (host.starts_with('/'))
         return lookUp(host, port);
+    // Here and not on the thread: a process that ends meanwhile takes down what this sets up.
+    httpInitialize();
     std::packaged_task<Addresses()> task([host, port] { return lookUp(host, port); });
     std::future<Addresses> found = task.get_future();
     try {
@@ -185,7 +198,10 @@ Ptr open(Question question)
 void close(http_t *http)
 {
     Watchdog::instance().forget(http);
-    const bool hadCredentials = httpGetAuthString(http);
+    const char *const credentials = httpGetAuthString(http);
+    const bool hadCredentials = credentials;
+    if (credentials && *credentials && httpGetStatus(http) == HTTP_STATUS_OK)
+        isLetIn = true;
     forgetCredentials(http);
     httpClose(http);
     if (hadCredentials)
@@ -208,6 +224,11 @@ unsigned openings()
     return openingCount;
 }
 
+bool wasLetIn()
+{
+    return std::exchange(isLetIn, false);
+}
+
 Upload::Upload(http_t *http, int file)
     : m_http(http)
 {
@@ -221,6 +242,7 @@ Upload::~Upload()
 
 UserTime::UserTime(http_t *http)
     : m_http(http)
+    , m_sharingScopes(std::exchange(sharedTime.scopes, 0))
 {
     if (m_http)
         Watchdog::instance().postpone(m_http, Clock::time_point::max());
@@ -228,6 +250,7 @@ UserTime::UserTime(http_t *http)
 
 UserTime::~UserTime()
 {
+    sharedTime.scopes = m_sharingScopes;
     sharedTime.deadline = freshDeadline();
     if (m_http && Watchdog::instance().postpone(m_http, sharedTime.deadline))
         limitWaits(m_http);

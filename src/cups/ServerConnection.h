@@ -83,13 +83,20 @@ public:
  */
 void giveUp();
 
-/** How many connections `open` has opened so far. */
+/** How many connections `open` has opened on this thread so far. */
 unsigned openings();
 
 /**
- * Time that the user takes, to answer a question that the server has asked on `http`: while it
- * lives, the connection has no time limit. Afterwards the connection is new again for the limits;
- * and so is a Patience, if there is one.
+ * Whether the server has answered a request with a password on a connection of this thread that has
+ * been closed since this was last asked.
+ */
+bool wasLetIn();
+
+/**
+ * Time that the user takes, to answer a question that the server has asked on `http` (which may be
+ * null): while it lives, the connection has no time limit, and what else is asked meanwhile shares
+ * none with it. Afterwards the connection is new again for the limits; and so is a Patience, if
+ * there is one.
  */
 class UserTime
 {
@@ -101,5 +108,6 @@ public:
 
 private:
     http_t *m_http;
+    int m_sharingScopes;
 };
 } // namespace ServerConnection

@@ -74,27 +74,36 @@ bool isConnectedTo(int socket, http_addr_t *address)
     return address && getpeername(socket, &peer.addr, &size) == 0 && isEqual(peer, *address);
 }
 
-bool isConnecting(int socket)
+/** Whether it is a socket that is being connected over the network, to that port. */
+bool isConnecting(int socket, int port)
 {
     tcp_info info = {};
     socklen_t size = sizeof info;
-    return getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) == 0 &&
-           info.tcpi_state == TCP_SYN_SENT;
+    if (getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) != 0 ||
+        info.tcpi_state != TCP_SYN_SENT)
+        return false;
+    http_addr_t peer = {};
+    size = sizeof peer;
+    return getsockopt(socket, SOL_SOCKET, SO_PEERNAME, &peer, &size) == 0 &&
+           httpAddrPort(&peer) == port;
 }
 
 /**
- * Ends what the process is connecting to over the network. Of a connection that the library makes
- * anew, for which it takes half a minute, nothing else can be seen.
+ * Ends what the process is connecting to at the server's port. Of a connection that the library
+ * makes anew, for which it takes half a minute, nothing else can be seen.
  */
-void endConnecting()
+void endConnecting(int port)
 {
     DIR *const list = opendir("/proc/self/fd");
     if (!list)
         return;
     while (const dirent *entry = readdir(list)) {
-        const Duplicate file(std::atoi(entry->d_name));
-        if (isConnecting(file.get()))
-            shutdown(file.get(), SHUT_RDWR);
+        const int number = std::atoi(entry->d_name);
+        if (!isConnecting(number, port))
+            continue;
+        const Duplicate socket(number);
+        if (isConnecting(socket.get(), port))
+            shutdown(socket.get(), SHUT_RDWR);
     }
     closedir(list);
 }
@@ -106,9 +115,10 @@ void endConnecting()
 void endExchange(http_t *http)
 {
     const Duplicate socket(httpGetFd(http));
-    if (socket.get() < 0)
-        endConnecting();
-    else if (isConnectedTo(socket.get(), httpGetAddress(http)))
+    http_addr_t *const address = httpGetAddress(http);
+    if (socket.get() < 0 && address)
+        endConnecting(httpAddrPort(address));
+    else if (isConnectedTo(socket.get(), address))
         shutdown(socket.get(), SHUT_RDWR);
 }
 } // namespace

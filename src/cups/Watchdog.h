@@ -11,7 +11,8 @@
 /**
  * Ends what the library does on a connection whose time is over, whatever the server sends: a
  * thread shuts the connection's socket down, so that the library reads its end and gives up. It
- * does so again and again until the connection is forgotten, for the library may connect anew.
+ * does so again and again until the connection is forgotten, for the library may connect anew; what
+ * the process is just connecting to at the server's port ends then, too.
  */
 class Watchdog
 {

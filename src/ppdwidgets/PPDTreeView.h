@@ -21,8 +21,9 @@ public:
     ~PPDTreeView() override;
 
     /**
-     * Shows the options of `ppd`; a null `ppd` empties the view. All earlier rows die. The default
-     * of an option without a mark is marked; what is marked stays so.
+     * Shows the options of `ppd`; a null `ppd` empties the view. All earlier rows die. An option
+     * without a mark shows its default, and that is marked unless the library unmarks an option
+     * for it that was marked before.
      */
     void setPPD(ppd_file_t *ppd);
     /** Has all rows read what is marked in `ppd`, and checks for conflicts. */

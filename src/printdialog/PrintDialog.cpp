@@ -327,10 +327,11 @@ void PrintDialog::StartPrinter()
 {
     Patience patience;
     const QString uri = lookUp(queueOf(m_destination)).uri;
-    if (!uri.isEmpty())
+    if (!uri.isEmpty()) {
         _CUPS->startPrinter(uri.toUtf8().constData());
-    // Who has cancelled the question for the password is to see the state, too.
-    patience.goOn();
+        // Who has cancelled the question for the password is to see the state, too.
+        patience.goOn();
+    }
     updatePrinterControls();
 }
 

@@ -5,6 +5,7 @@
 #include <QList>
 
 #include <algorithm>
+#include <cstring>
 #include <sys/mman.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -46,7 +47,7 @@ public:
     bool isAt(quintptr address) const { return reinterpret_cast<quintptr>(m_place) == address; }
 
     static constexpr size_t Size = 1 << 20;
-    /** The longest text that is found wherever it is. */
+    /** As long as a text may be. What begins in so many last bytes of a mapping is not found. */
     static constexpr size_t Overlap = 64;
 
 private:
@@ -54,11 +55,27 @@ private:
 };
 
 /** Whether the text begins there of which `changedText` is the changed form. */
-inline bool isAt(const char *place, const QByteArray &changedText)
+inline bool isAt(const char *place, const char *changedText, qsizetype length)
 {
-    return std::equal(
-        changedText.cbegin(), changedText.cend(), place,
-        [](char expected, char found) { return static_cast<char>(expected ^ 1) == found; });
+    for (qsizetype i = 0; i < length; ++i) {
+        if (place[i] != static_cast<char>(changedText[i] ^ 1))
+            return false;
+    }
+    return true;
+}
+
+/** How often the text begins in the first `size` bytes; more must follow. */
+inline int countOf(const QByteArray &changedText, const char *place, size_t size)
+{
+    const char *const text = changedText.constData();
+    const char *const end = place + size;
+    int count = 0;
+    while (const void *found = std::memchr(place, static_cast<char>(text[0] ^ 1),
+                                           static_cast<size_t>(end - place))) {
+        place = static_cast<const char *>(found);
+        count += isAt(place++, text, changedText.size());
+    }
+    return count;
 }
 
 inline int countIn(Window &window, const QList<QByteArray> &changedTexts, quintptr begin,
@@ -66,14 +83,10 @@ inline int countIn(Window &window, const QList<QByteArray> &changedTexts, quintp
 {
     int count = 0;
     for (quintptr address = begin; address < end; address += Window::Size) {
-        const size_t size = window.show(address, end - address);
-        const char *place = window.data();
-        const char *const last =
-            place + std::min(Window::Size, size - std::min(size, Window::Overlap));
-        for (; place < last; ++place) {
-            for (const QByteArray &text : changedTexts)
-                count += isAt(place, text);
-        }
+        const size_t shown = window.show(address, end - address);
+        const size_t size = std::min(Window::Size, shown - std::min(shown, Window::Overlap));
+        for (const QByteArray &text : changedTexts)
+            count += countOf(text, window.data(), size);
     }
     return count;
 }

@@ -77,6 +77,7 @@ private slots:
     void serverNamesAnotherUser();
     void cancelEndsTheAction();
     void libraryIsAnsweredWithoutAsking();
+    void untriedPasswordIsAskedForAgain();
 
 private:
     /** Answers the prompts that follow; a prompt beyond the list is cancelled. */
@@ -342,6 +343,19 @@ void TestRootPassword::libraryIsAnsweredWithoutAsking()
     for (int i = 0; i < 3; ++i)
         Destinations::listWithoutDiscovery();
     QCOMPARE(m_asked.size(), 3);
+}
+
+/** The connection ends before the server has said what it thinks of the password. */
+void TestRootPassword::untriedPasswordIsAskedForAgain()
+{
+    m_server->setHandler([](const FakeIppServer::Request &request) {
+        return request.headers.contains("authorization") ? FakeIppServer::failure(500)
+                                                         : challenge();
+    });
+    willType({QStringLiteral("one"), QStringLiteral("two")});
+    for (int i = 0; i < 2; ++i)
+        Destinations::listWithoutDiscovery();
+    QCOMPARE(m_asked.size(), 2);
 }
 
 QTEST_GUILESS_MAIN(TestRootPassword)

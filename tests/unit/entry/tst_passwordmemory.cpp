@@ -30,7 +30,22 @@ constexpr char character(size_t index)
     return static_cast<char>(Changed.at(index) ^ 1);
 }
 
-/** The password, and how that of root goes over the wire, both changed. */
+/** How the password of root goes over the wire, changed, from where it depends on the password. */
+QByteArray changedCredentials()
+{
+    constexpr qsizetype First = 7;
+    QByteArray text("root:");
+    text.reserve(100);
+    for (size_t i = 0; i < Changed.size(); ++i)
+        text += character(i);
+    QByteArray encoded = text.toBase64();
+    text.fill('\0');
+    for (char &c : encoded)
+        c = static_cast<char>(c ^ 1);
+    return encoded.mid(First);
+}
+
+/** The password in bytes, in characters of two bytes, and as it goes over the wire, all changed. */
 QList<QByteArray> changedTexts()
 {
     QByteArray narrow;
@@ -40,14 +55,7 @@ QList<QByteArray> changedTexts()
         wide += c;
         wide += '\1';
     }
-    QByteArray credentials = "root:" + OwnMemory::changed(narrow);
-    QByteArray encoded = credentials.toBase64();
-    credentials.fill('\0');
-    // From the first character that depends on the password.
-    constexpr qsizetype First = 7;
-    const QByteArray changedEncoded = OwnMemory::changed(encoded.mid(First));
-    encoded.fill('\0');
-    return {narrow, wide, changedEncoded};
+    return {narrow, wide, changedCredentials()};
 }
 
 /** How often the password is in the memory that the process can write. */
@@ -71,7 +79,9 @@ struct AtTheEnd {
 class OtherProcess
 {
 public:
-    OtherProcess()
+    enum class LetsIn { WhoHasAPassword, Nobody };
+
+    explicit OtherProcess(LetsIn letsIn)
     {
         int ends[2] = {};
         if (pipe(ends) != 0)
@@ -79,12 +89,11 @@ public:
         m_pid = fork();
         if (m_pid == 0) {
             prctl(PR_SET_PDEATHSIG, SIGKILL);
-            serve(ends[1]);
+            serve(ends[1], letsIn);
         }
         close(ends[1]);
-        char address[200] = {};
-        if (read(ends[0], address, sizeof address - 1) > 0)
-            cupsSetServer(address);
+        if (read(ends[0], m_address.data(), m_address.size() - 1) < 0)
+            m_address.front() = '\0';
         close(ends[0]);
     }
     OtherProcess(const OtherProcess &) = delete;
@@ -95,12 +104,14 @@ public:
         waitpid(m_pid, nullptr, 0);
     }
 
+    void use() const { cupsSetServer(m_address.data()); }
+
 private:
-    [[noreturn]] static void serve(int out)
+    [[noreturn]] static void serve(int out, LetsIn letsIn)
     {
         FakeIppServer server;
-        server.setHandler([](const FakeIppServer::Request &request) {
-            if (request.headers.contains("authorization"))
+        server.setHandler([letsIn](const FakeIppServer::Request &request) {
+            if (letsIn != LetsIn::Nobody && request.headers.contains("authorization"))
                 return FakeIppServer::ok(IppBytes::response());
             FakeIppServer::Answer challenge = FakeIppServer::failure(401);
             challenge.headers = "WWW-Authenticate: Basic realm=\"CUPS\"\r\n";
@@ -114,6 +125,7 @@ private:
     }
 
     pid_t m_pid = -1;
+    std::array<char, 200> m_address = {};
 };
 
 bool sendOne()
@@ -131,14 +143,16 @@ private slots:
     void initTestCase();
     void notThereBefore();
     void typedAndCancelled();
+    void refusedAndCancelled();
     void onlyStoredWhileInUse();
     void memoryIsNobodyElses();
 
 private:
-    /** Types the password when it is asked for, then presses the key. */
-    void willType(int key);
+    /** Types the password when it is asked for, then presses the key; `again` when asked again. */
+    void willType(int key, int again = 0);
 
-    OtherProcess m_server;
+    const OtherProcess m_server{OtherProcess::LetsIn::WhoHasAPassword};
+    const OtherProcess m_refusing{OtherProcess::LetsIn::Nobody};
     QTimer m_look;
     int m_whileTyped = 0;
 };
@@ -146,6 +160,7 @@ private:
 void TestPasswordMemory::initTestCase()
 {
     PasswordPrompt::install();
+    m_server.use();
 }
 
 void TestPasswordMemory::notThereBefore()
@@ -154,14 +169,20 @@ void TestPasswordMemory::notThereBefore()
     QCOMPARE(occurrences(), 0);
 }
 
-void TestPasswordMemory::willType(int key)
+void TestPasswordMemory::willType(int key, int again)
 {
     m_look.disconnect();
-    connect(&m_look, &QTimer::timeout, this, [this, key] {
+    connect(&m_look, &QTimer::timeout, this, [this, key, again, asked = 0]() mutable {
         auto *dialog = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
         if (!dialog)
             return;
-        m_look.stop();
+        if (asked++ > 0) {
+            m_look.stop();
+            QTest::keyClick(dialog, static_cast<Qt::Key>(again));
+            return;
+        }
+        if (again == 0)
+            m_look.stop();
         for (size_t i = 0; i < Changed.size(); ++i)
             QTest::keyClick(dialog->findChild<QLineEdit *>(), character(i));
         m_whileTyped = occurrences();
@@ -175,6 +196,16 @@ void TestPasswordMemory::typedAndCancelled()
     willType(Qt::Key_Escape);
     QVERIFY(!sendOne());
     // It is looked for in the right way.
+    QVERIFY(m_whileTyped > 0);
+    QCOMPARE(occurrences(), 0);
+}
+
+void TestPasswordMemory::refusedAndCancelled()
+{
+    m_refusing.use();
+    willType(Qt::Key_Return, Qt::Key_Escape);
+    QVERIFY(!sendOne());
+    m_server.use();
     QVERIFY(m_whileTyped > 0);
     QCOMPARE(occurrences(), 0);
 }
