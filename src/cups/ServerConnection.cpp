@@ -131,6 +131,12 @@ struct AddressesDeleter {
 };
 using Addresses = std::unique_ptr<http_addrlist_t, AddressesDeleter>;
 
+/** Whether it is the path of a socket. */
+bool isLocal(std::string_view host)
+{
+    return host.starts_with('/');
+}
+
 Addresses lookUp(const std::string &host, const std::string &port)
 {
     return Addresses(httpAddrGetList(host.c_str(), AF_UNSPEC, port.c_str()));
@@ -144,7 +150,7 @@ Addresses addressesOfServer(Clock::time_point deadline)
 {
     const std::string host = cupsServer();
     const std::string port = std::to_string(ippPort());
-    if (host.starts_with('/'))
+    if (isLocal(host))
         return lookUp(host, port);
     // Here and not on the thread: a process that ends meanwhile takes down what this sets up.
     httpInitialize();
@@ -187,7 +193,7 @@ Ptr open(Question question)
     Ptr http = create(addresses.get());
     if (!http)
         return nullptr;
-    Watchdog::instance().watch(http.get(), deadline);
+    Watchdog::instance().watch(http.get(), deadline, isLocal(cupsServer()) ? 0 : ippPort());
     limitWaits(http.get());
     if (httpReconnect2(http.get(), limits().connectMs, nullptr) != 0)
         return nullptr;

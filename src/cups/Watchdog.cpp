@@ -82,10 +82,11 @@ bool isConnecting(int socket, int port)
     if (getsockopt(socket, IPPROTO_TCP, TCP_INFO, &info, &size) != 0 ||
         info.tcpi_state != TCP_SYN_SENT)
         return false;
-    http_addr_t peer = {};
+    // No more may be asked for than the address has; the port is at one place in all of them.
+    sockaddr_in peer = {};
     size = sizeof peer;
     return getsockopt(socket, SOL_SOCKET, SO_PEERNAME, &peer, &size) == 0 &&
-           httpAddrPort(&peer) == port;
+           ntohs(peer.sin_port) == port;
 }
 
 /**
@@ -112,13 +113,12 @@ void endConnecting(int port)
  * The library may be connecting anew at this moment, on its own thread, and the descriptor may be
  * another file's already. Hence the look at what it is, at a duplicate that nobody else closes.
  */
-void endExchange(http_t *http)
+void endExchange(http_t *http, int port)
 {
     const Duplicate socket(httpGetFd(http));
-    http_addr_t *const address = httpGetAddress(http);
-    if (socket.get() < 0 && address)
-        endConnecting(httpAddrPort(address));
-    else if (isConnectedTo(socket.get(), address))
+    if (socket.get() < 0 && port != 0)
+        endConnecting(port);
+    else if (isConnectedTo(socket.get(), httpGetAddress(http)))
         shutdown(socket.get(), SHUT_RDWR);
 }
 } // namespace
@@ -154,10 +154,10 @@ Watchdog::Clock::time_point Watchdog::Watched::nextLook(Clock::time_point now) c
     return file >= 0 ? std::min(deadline, now + patience / LooksAtFile) : deadline;
 }
 
-void Watchdog::watch(http_t *http, Clock::time_point deadline)
+void Watchdog::watch(http_t *http, Clock::time_point deadline, int port)
 {
     const std::scoped_lock lock(m_mutex);
-    m_watched[http] = {deadline};
+    m_watched[http] = {deadline, port};
     m_isChanged.notify_one();
 }
 
@@ -221,7 +221,7 @@ Watchdog::Clock::time_point Watchdog::endOverdue()
     for (auto &[http, watched] : m_watched) {
         watched.noticeProgress(now);
         if (watched.deadline <= now)
-            endExchange(http);
+            endExchange(http, watched.port);
         next = std::min(next, std::max(watched.nextLook(now), now + Pause));
     }
     return next;

@@ -24,8 +24,8 @@ public:
 
     /** Whether it does anything: there may have been no thread for it. */
     bool isRunning() const { return m_isRunning; }
-    /** Watches `http` from now on, or gives it another deadline. */
-    void watch(http_t *http, Clock::time_point deadline);
+    /** Watches `http` from now on, a connection to that port of the server; 0: over no network. */
+    void watch(http_t *http, Clock::time_point deadline, int port);
     /** Gives a connection that is being watched another deadline; false where it is not. */
     bool postpone(http_t *http, Clock::time_point deadline);
     /**
@@ -42,6 +42,7 @@ public:
 private:
     struct Watched {
         Clock::time_point deadline;
+        int port = 0;
         int file = -1;
         off_t furthest = 0;
         Clock::duration patience = {};
